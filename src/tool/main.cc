@@ -1,0 +1,37 @@
+// kel-trace: runs a model of the kel language against a named event trace and
+// writes the first matching sequence diagram as JSON.
+#include "tool/Options.h"
+#include "tool/TraceInput.h"
+
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+
+namespace {
+
+bool usageRequested(Options const& options) {
+    return !hasOption(options, "modelname") || !hasOption(options, "modelpath") ||
+           options.contains("help");
+}
+
+int run(Options const& options) {
+    throw std::runtime_error("cannot load '" + getOption(options, "modelpath") +
+                             "': kel sources cannot be loaded by this build yet");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    Options const options = getOptions(argc, argv, listOptionTable(), valueOptionTable(),
+                                        flagOptionTable(), defaultOptionLetter);
+    if (usageRequested(options)) {
+        printManual(argc > 0 ? argv[0] : "kel-trace", std::cout);
+        return 1;
+    }
+    try {
+        return run(options);
+    } catch (std::exception const& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}

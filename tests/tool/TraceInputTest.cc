@@ -1,0 +1,95 @@
+#include "tool/TraceInput.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+NamedEventTrace read(std::string const& text) {
+    std::istringstream in(text);
+    return readInputTrace(in);
+}
+
+TEST(ReadInputTraceTest, TakesLinesWholeAndSkipsEmptyOnes) {
+    EXPECT_THAT(read("a.x\n\n b.y \np.<<flush_queue>>\nlast"),
+                ElementsAre("a.x", " b.y ", "p.<<flush_queue>>", "last"));
+    EXPECT_THAT(read(""), IsEmpty());
+}
+
+TEST(ReadInputTraceTest, UnopenedStreamIsEmptyTrace) {
+    std::ifstream missing("/nonexistent/trace");
+    EXPECT_THAT(readInputTrace(missing), IsEmpty());
+}
+
+class InlineSeparatorTest : public testing::TestWithParam<char const*> {};
+
+TEST_P(InlineSeparatorTest, SplitsTheSame) {
+    NamedEventTrace trace;
+    string_split(GetParam(), ", \n", trace);
+    EXPECT_THAT(trace, ElementsAre("a.x", "a.y"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Separators, InlineSeparatorTest,
+                         testing::Values("a.x,a.y", "a.x a.y", "a.x, a.y", "a.x\na.y",
+                                         ",,a.x  ,\n a.y,", "a.x,p.<<flush_queue>>,a.y"));
+
+TEST(StringSplitTest, FiltersWholeOutputAtTheEnd) {
+    NamedEventTrace trace{"kept", "", "<dropped>"};
+    string_split("n.x", ",", trace);
+    EXPECT_THAT(trace, ElementsAre("kept", "n.x"));
+}
+
+TEST(ChannelEventsTest, FilterKeepsPrefixedEventsOnly) {
+    NamedEventTrace const trace{"p.a", "q.b", "pp.c", "p.return", "x.p.d"};
+    EXPECT_THAT(filterCspChannelEvents(trace, "p"), ElementsAre("p.a", "p.return"));
+}
+
+TEST(ChannelEventsTest, StripRemovesUpToFirstOccurrenceAnywhere) {
+    NamedEventTrace const trace{"p.a", "x.p.d", "q.b", "p.p.e"};
+    EXPECT_THAT(stripOffCspChannelName(trace, "p"), ElementsAre("a", "d", "q.b", "p.e"));
+}
+
+class TraceSourceTest : public testing::Test {
+protected:
+    void SetUp() override {
+        std::ofstream(tracePath) << "f.one\nf.two\n";
+        std::ofstream(specPath) << "s.one\n";
+    }
+    void TearDown() override {
+        std::remove(tracePath.c_str());
+        std::remove(specPath.c_str());
+    }
+    std::string const tracePath = testing::TempDir() + "kel_trace_input_trace";
+    std::string const specPath = testing::TempDir() + "kel_trace_input_spec";
+    std::istringstream stdinStream{"in.one\n"};
+};
+
+TEST_F(TraceSourceTest, FileBeforeInlineBeforeStandardInput) {
+    EXPECT_THAT(readTrace({{"tracefile", tracePath}, {"trace", "i.x"}}, stdinStream),
+                ElementsAre("f.one", "f.two"));
+    EXPECT_THAT(readTrace({{"trace", "i.x"}}, stdinStream), ElementsAre("i.x"));
+    EXPECT_THAT(readTrace({}, stdinStream), ElementsAre("in.one"));
+}
+
+TEST_F(TraceSourceTest, EmptyTraceFileNameIsAnUnopenableFile) {
+    EXPECT_THAT(readTrace({{"tracefile", ""}, {"trace", "i.x"}}, stdinStream), IsEmpty());
+}
+
+TEST_F(TraceSourceTest, SpecTraceFallsBackToTheTrace) {
+    NamedEventTrace const trace{"t.x"};
+    EXPECT_THAT(readSpecTrace({{"spectracefile", specPath}, {"spectrace", "i.s"}}, trace),
+                ElementsAre("s.one"));
+    EXPECT_THAT(readSpecTrace({{"spectracefile", ""}, {"spectrace", "i.s"}}, trace),
+                ElementsAre("i.s"));
+    EXPECT_THAT(readSpecTrace({{"spectrace", ""}}, trace), IsEmpty());
+    EXPECT_THAT(readSpecTrace({}, trace), ElementsAre("t.x"));
+}
+
+} // namespace
