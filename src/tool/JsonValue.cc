@@ -21,9 +21,7 @@ std::unique_ptr<JsonValueImpl> JsonValueInt::clone() const {
 }
 
 std::string JsonValueString::str() const { return '"' + m_value + '"'; }
-std::ostream& JsonValueString::put(std::ostream& out) const {
-    return out << '"' << m_value << '"';
-}
+std::ostream& JsonValueString::put(std::ostream& out) const { return out << '"' << m_value << '"'; }
 std::unique_ptr<JsonValueImpl> JsonValueString::clone() const {
     return std::make_unique<JsonValueString>(m_value);
 }

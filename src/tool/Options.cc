@@ -11,9 +11,7 @@ OptionTable flagOptionTable() { return {{'d', "debug"}, {'h', "help"}, {'u', "un
 
 namespace {
 
-bool takesNoValue(int next, int argc, char** argv) {
-    return next >= argc || argv[next][0] == '-';
-}
+bool takesNoValue(int next, int argc, char** argv) { return next >= argc || argv[next][0] == '-'; }
 
 } // namespace
 

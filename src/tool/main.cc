@@ -23,7 +23,7 @@ int run(Options const& options) {
 
 int main(int argc, char** argv) {
     Options const options = getOptions(argc, argv, listOptionTable(), valueOptionTable(),
-                                        flagOptionTable(), defaultOptionLetter);
+                                       flagOptionTable(), defaultOptionLetter);
     if (usageRequested(options)) {
         printManual(argc > 0 ? argv[0] : "kel-trace", std::cout);
         return 1;

@@ -75,7 +75,11 @@ TEST(JsonValueTest, NestedArrayMemberBreaksLines) {
     JsonValue value;
     value["k"].append(JsonValue(JsonVariant()));
     value["k"][0ul] = 1;
-    value["k"].append([] { JsonValue two; two = 2; return two; }());
+    value["k"].append([] {
+        JsonValue two;
+        two = 2;
+        return two;
+    }());
     EXPECT_EQ(written(value), "{\"k\":[1,\n2]}");
 }
 

@@ -55,13 +55,13 @@ TEST_P(ModelPathTest, LastBareArgumentOrFWins) {
     EXPECT_EQ(parse(GetParam().arguments).options["modelpath"], GetParam().modelPath);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    BareArguments, ModelPathTest,
-    testing::Values(ModelPathCase{{"-m", "M", "a.kel", "b.kel"}, "b.kel"},
-                    ModelPathCase{{"-f", "a.kel", "b.kel"}, "b.kel"},
-                    ModelPathCase{{"b.kel", "-f", "a.kel"}, "a.kel"},
-                    ModelPathCase{{"-"}, "-"}, ModelPathCase{{"a.kel", ""}, ""},
-                    ModelPathCase{{"-fx", "a.kel"}, "a.kel"}));
+INSTANTIATE_TEST_SUITE_P(BareArguments, ModelPathTest,
+                         testing::Values(ModelPathCase{{"-m", "M", "a.kel", "b.kel"}, "b.kel"},
+                                         ModelPathCase{{"-f", "a.kel", "b.kel"}, "b.kel"},
+                                         ModelPathCase{{"b.kel", "-f", "a.kel"}, "a.kel"},
+                                         ModelPathCase{{"-"}, "-"},
+                                         ModelPathCase{{"a.kel", ""}, ""},
+                                         ModelPathCase{{"-fx", "a.kel"}, "a.kel"}));
 
 TEST(GetOptionsTest, OnlyTheLetterBehindTheDashCounts) {
     Parsed parsed = parse({"-mFoo", "M", "--help"});
