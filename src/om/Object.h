@@ -140,7 +140,7 @@ public:
 
 private:
     bool membersEqual(Object const& other) const;
-    CompositionValue const& parentCompositionHoldingThis(char const* operation) const;
+    std::string nameOfParentComposition(char const* operation) const;
 
     ObjectModel const* m_owner = nullptr;
     Oid m_oid;

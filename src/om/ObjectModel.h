@@ -105,13 +105,16 @@ public:
 
 private:
     static Oid oidOf(Object const* object);
-    void administerObjectAdded(Object& object);
+    Object& administerObjectAdded(std::unique_ptr<Object> object);
     void administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
                                          bool mayReparent);
-    void makeRoot(Oid id);
+    void updateUsers(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
-    void detachUsersOutside(ConstObjectVec const& tree, OidSet const& treeIds);
-    void forgetObject(Object const& object);
+    void forgetDestroyedObject(Object const& object);
+    void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,
+                           OidSet const& roots) const;
+    void adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> const& slots,
+                   std::vector<Object const*>& entered);
 
     FactoryBase& m_factory;
     std::unordered_map<Oid, std::unique_ptr<Object>> m_objects;

@@ -68,6 +68,8 @@ private:
     void requireIndexBelowSize(Index index) const;
     void requireNotNull(Oid id) const;
     void requireUniqueIfNeeded(Oid id) const;
+    // Takes the content of a value in the empty single form; leaves `other` empty.
+    void stealFrom(OidList& other) noexcept;
     void releaseVector() noexcept;
 
     union {

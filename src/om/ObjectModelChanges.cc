@@ -1,0 +1,166 @@
+// ObjectModel: making, changing and destroying objects in the store.
+#include "om/OMException.h"
+#include "om/ObjectModel.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace om {
+namespace {
+
+ObjectModel::OidSet difference(ObjectModel::OidSet const& from, ObjectModel::OidSet const& minus) {
+    ObjectModel::OidSet result;
+    std::ranges::set_difference(from, minus, std::inserter(result, result.end()));
+    return result;
+}
+
+} // namespace
+
+Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
+    Object& added = *object;
+    Oid const id = added.getOid();
+    m_objects[id] = std::move(object);
+    m_users.try_emplace(id);
+    m_parents.try_emplace(id, NULL_OID);
+    m_roots.emplace(id, &added);
+    return added;
+}
+
+void ObjectModel::administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
+                                                  bool mayReparent) {
+    for (Oid const childId : childIds) {
+        Oid& parentEntry = m_parents.try_emplace(childId, NULL_OID).first->second;
+        if (parentEntry != NULL_OID) {
+            Object* oldParent = findRef(parentEntry);
+            if (!mayReparent) {
+                throw OMException("administerChildrenAddedToObject() unexpected: object already "
+                                  "had a parent");
+            }
+            oldParent->removeChild(childId);
+        } else {
+            findRef(childId);
+            m_roots.erase(childId);
+        }
+        parentEntry = parent.getOid();
+    }
+}
+
+Object const* ObjectModel::createRecursive(std::string const& className) {
+    std::unique_ptr<Object> created = m_factory.create(className);
+    created->setOwner(this);
+    Object& object = administerObjectAdded(std::move(created));
+    OidSet childIds;
+    for (auto const& [name, definition] : object.getCompositionDefs()) {
+        if (definition.getMultiplicityMin() == 0) {
+            continue;
+        }
+        CompositionValue children;
+        for (std::uint64_t i = 0; i < definition.getMultiplicityMin(); ++i) {
+            Oid const childId = createRecursive(definition.getClassName())->getOid();
+            children.push_back(childId);
+            childIds.insert(childId);
+        }
+        object.setComposition(name, children);
+    }
+    administerChildrenAddedToObject(object, childIds, false);
+    return &object;
+}
+
+void ObjectModel::update(Object const& changed) {
+    Object* current = findRef(changed.getOid());
+    if (current == &changed) {
+        throw OMException(
+            "The object given to update() should be a clone. Clone the object, THEN change it, "
+            "and the call update() on the ObjectModel. At this time, the validity of the Object "
+            "Model is no longer guaranteed.");
+    }
+    if (changed.tryGetOwner() != this) {
+        throw OMException("You are not allowed to change the owner of objects");
+    }
+    if (!current->getDefinition().isDerivedFrom(changed.getClassName())) {
+        throw OMException("You cannot replace an object by one of a different class unless it is "
+                          "a base class (\"" +
+                          current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
+    }
+    updateUsers(*current, changed);
+
+    OidSet const oldChildren = current->getAllChildren();
+    OidSet const newChildren = changed.getAllChildren();
+    administerChildrenAddedToObject(*current, difference(newChildren, oldChildren), true);
+    OidSet const lostChildren = difference(oldChildren, newChildren);
+    for (Oid const childId : lostChildren) {
+        m_parents[childId] = NULL_OID;
+        m_roots.emplace(childId, findRef(childId));
+    }
+    current->conservativeAssign(changed, false);
+    for (Oid const childId : lostChildren) {
+        destroyRecursiveImpl(childId);
+    }
+}
+
+void ObjectModel::updateUsers(Object const& current, Object const& changed) {
+    OidSet const oldTargets = current.getAllAssociations();
+    OidSet const newTargets = changed.getAllAssociations();
+    for (Oid const target : difference(oldTargets, newTargets)) {
+        m_users[target].erase(current.getOid());
+    }
+    for (Oid const target : difference(newTargets, oldTargets)) {
+        m_users[target].insert(current.getOid());
+    }
+}
+
+void ObjectModel::destroyRecursive(Oid id) {
+    findRef(id);
+    Oid const parentId = getParentOid(id);
+    if (parentId != NULL_OID) {
+        Object const& parent = *findRef(parentId);
+        std::string const name = parent.findCompositionWithObject(id);
+        auto const& definition = parent.getDefinition().getCompositionDef(name);
+        if (definition.getMultiplicityMin() == parent.getComposition(name).size()) {
+            throw OMException("Cannot remove object " + Oid2String(id) +
+                              " because its parent cannot lose another child without becoming "
+                              "invalid");
+        }
+    }
+    destroyRecursiveImpl(id);
+}
+
+void ObjectModel::destroyRecursiveImpl(Oid id) {
+    ConstObjectVec tree;
+    collectTree(*findRef(id), tree);
+    OidSet treeIds;
+    for (Object const* object : tree) {
+        treeIds.insert(object->getOid());
+    }
+    for (Object const* object : tree) {
+        for (Oid const userId : m_users[object->getOid()]) {
+            // A user that left the store through removeObjects is no longer ours to change.
+            auto const user = m_objects.find(userId);
+            if (!treeIds.contains(userId) && user != m_objects.end()) {
+                user->second->removeAssociation(object->getOid());
+            }
+        }
+    }
+    if (Oid const parentId = m_parents[id]; parentId != NULL_OID) {
+        findRef(parentId)->removeChild(id);
+    }
+    for (Object const* object : tree) {
+        forgetDestroyedObject(*object);
+    }
+}
+
+void ObjectModel::forgetDestroyedObject(Object const& object) {
+    Oid const id = object.getOid();
+    m_parents.erase(id);
+    m_users.erase(id);
+    m_roots.erase(id);
+    auto node = m_objects.extract(id);
+    m_destroyed.push_back(std::move(node.mapped()));
+    for (Oid const target : object.getAllAssociations()) {
+        if (auto const users = m_users.find(target); users != m_users.end()) {
+            users->second.erase(id);
+        }
+    }
+}
+
+} // namespace om
