@@ -164,6 +164,7 @@ TEST_F(ObjectModelTransferTest, RemoveObjectsHandsOverATreeInPreOrder) {
         EXPECT_EQ(object->tryGetOwner(), nullptr);
         EXPECT_EQ(model.tryFind(object->getOid()), nullptr);
         EXPECT_THROW(model.getUserOids(object->getOid()), OMException);
+        EXPECT_THROW(model.getParentOid(object->getOid()), OMException);
     }
     EXPECT_THAT(model.getRootOids(), IsEmpty());
 }
