@@ -4,13 +4,13 @@
 
 #include "om/FactoryBase.h"
 #include "om/Object.h"
+#include "om/ObjectIndex.h"
 #include "om/Oid.h"
 
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace om {
@@ -109,6 +109,8 @@ private:
     void administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
+    // Makes the gained children known and the lost ones roots; returns the lost ones.
+    OidSet updateChildren(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
     void forgetDestroyedObject(Object const& object);
     void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,
@@ -117,7 +119,7 @@ private:
                    std::vector<Object const*>& entered);
 
     FactoryBase& m_factory;
-    std::unordered_map<Oid, std::unique_ptr<Object>> m_objects;
+    ObjectIndex m_objects;
     std::map<Oid, Oid> m_parents;
     std::map<Oid, OidSet> m_users;
     // Ordered by id rather than by address, so that every walk over the roots

@@ -17,9 +17,8 @@ ObjectModel::OidSet difference(ObjectModel::OidSet const& from, ObjectModel::Oid
 } // namespace
 
 Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
-    Object& added = *object;
+    Object& added = m_objects.insert(std::move(object));
     Oid const id = added.getOid();
-    m_objects[id] = std::move(object);
     m_users.try_emplace(id);
     m_parents.try_emplace(id, NULL_OID);
     m_roots.emplace(id, &added);
@@ -83,22 +82,19 @@ void ObjectModel::update(Object const& changed) {
                           current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
     }
     updateUsers(*current, changed);
-
-    OidSet const oldChildren = current->getAllChildren();
-    OidSet const newChildren = changed.getAllChildren();
-    administerChildrenAddedToObject(*current, difference(newChildren, oldChildren), true);
-    OidSet const lostChildren = difference(oldChildren, newChildren);
-    for (Oid const childId : lostChildren) {
-        m_parents[childId] = NULL_OID;
-        m_roots.emplace(childId, findRef(childId));
-    }
+    OidSet const lostChildren = updateChildren(*current, changed);
     current->conservativeAssign(changed, false);
     for (Oid const childId : lostChildren) {
         destroyRecursiveImpl(childId);
     }
 }
 
+// Most updates change properties only; equal maps hold equal ids, so the
+// comparison, which allocates nothing, spares the set arithmetic.
 void ObjectModel::updateUsers(Object const& current, Object const& changed) {
+    if (current.getAssociations() == changed.getAssociations()) {
+        return;
+    }
     OidSet const oldTargets = current.getAllAssociations();
     OidSet const newTargets = changed.getAllAssociations();
     for (Oid const target : difference(oldTargets, newTargets)) {
@@ -107,6 +103,21 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     for (Oid const target : difference(newTargets, oldTargets)) {
         m_users[target].insert(current.getOid());
     }
+}
+
+ObjectModel::OidSet ObjectModel::updateChildren(Object const& current, Object const& changed) {
+    if (current.getCompositions() == changed.getCompositions()) {
+        return {};
+    }
+    OidSet const oldChildren = current.getAllChildren();
+    OidSet const newChildren = changed.getAllChildren();
+    administerChildrenAddedToObject(current, difference(newChildren, oldChildren), true);
+    OidSet lostChildren = difference(oldChildren, newChildren);
+    for (Oid const childId : lostChildren) {
+        m_parents[childId] = NULL_OID;
+        m_roots.emplace(childId, findRef(childId));
+    }
+    return lostChildren;
 }
 
 void ObjectModel::destroyRecursive(Oid id) {
@@ -135,9 +146,9 @@ void ObjectModel::destroyRecursiveImpl(Oid id) {
     for (Object const* object : tree) {
         for (Oid const userId : m_users[object->getOid()]) {
             // A user that left the store through removeObjects is no longer ours to change.
-            auto const user = m_objects.find(userId);
-            if (!treeIds.contains(userId) && user != m_objects.end()) {
-                user->second->removeAssociation(object->getOid());
+            Object* user = m_objects.find(userId);
+            if (user != nullptr && !treeIds.contains(userId)) {
+                user->removeAssociation(object->getOid());
             }
         }
     }
@@ -154,8 +165,7 @@ void ObjectModel::forgetDestroyedObject(Object const& object) {
     m_parents.erase(id);
     m_users.erase(id);
     m_roots.erase(id);
-    auto node = m_objects.extract(id);
-    m_destroyed.push_back(std::move(node.mapped()));
+    m_destroyed.push_back(m_objects.extract(id));
     for (Oid const target : object.getAllAssociations()) {
         if (auto const users = m_users.find(target); users != m_users.end()) {
             users->second.erase(id);
