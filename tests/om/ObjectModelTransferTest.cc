@@ -185,6 +185,22 @@ TEST_F(ObjectModelTransferTest, TakeFromMovesATreeWithItsIds) {
     expectConsistentIndexes();
 }
 
+TEST_F(ObjectModelTransferTest, FailedTakeFromLeavesTheTreeReadable) {
+    ObjectModel source(factory);
+    Oid const node = source.createRecursive("test::Node")->getOid();
+    Object const* nodeObject = source.find(node);
+    ObjectModel::OwnedObjects clones;
+    clones.push_back(nodeObject->clone());
+    clones.back()->setOwner(nullptr);
+    clones.back()->getCompositionRef("Required").clear();
+    model.addObjects(clones);
+    EXPECT_EQ(errorOf([&] { model.takeFrom(source, node); }),
+              "Trying to add object with OID that already exists in the object model");
+    EXPECT_EQ(source.tryFind(node), nullptr);
+    EXPECT_EQ(nodeObject->getOid(), node) << "kept by the source until it is cleared";
+    EXPECT_NE(model.find(node), nodeObject);
+}
+
 TEST_F(ObjectModelTransferTest, EqualUpToIdComparesObjectsAndIndexes) {
     EXPECT_TRUE(model.equalUpToId(model));
     Oid const node = create("test::Node");
