@@ -7,9 +7,11 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdlib>
 #include <new>
 #include <random>
+#include <unordered_map>
 
 namespace {
 
@@ -96,6 +98,39 @@ void BM_Find(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_Find);
+
+// Each id depends on the object found before, as when code follows ids from
+// object to object: this measures the latency of a lookup, not its throughput.
+void BM_FindDependent(benchmark::State& state) {
+    om::ObjectModel const& model = store().model;
+    std::vector<om::Oid> ids = shuffledIds();
+    ids.resize(std::bit_floor(ids.size()));
+    std::size_t const mask = ids.size() - 1;
+    std::size_t i = 0;
+    for (auto _ : state) {
+        om::Object const* found = model.find(ids[i]);
+        i = (static_cast<std::size_t>(found->getOid()) * 40503u + i) & mask;
+    }
+}
+BENCHMARK(BM_FindDependent);
+
+// The same walk over a std::unordered_map of the same objects, as the baseline
+// that the store's own index is measured against.
+void BM_UnorderedMapFindDependent(benchmark::State& state) {
+    std::unordered_map<om::Oid, om::Object const*> baseline;
+    for (om::Oid const id : shuffledIds()) {
+        baseline.emplace(id, store().model.find(id));
+    }
+    std::vector<om::Oid> ids = shuffledIds();
+    ids.resize(std::bit_floor(ids.size()));
+    std::size_t const mask = ids.size() - 1;
+    std::size_t i = 0;
+    for (auto _ : state) {
+        om::Object const* found = baseline.find(ids[i])->second;
+        i = (static_cast<std::size_t>(found->getOid()) * 40503u + i) & mask;
+    }
+}
+BENCHMARK(BM_UnorderedMapFindDependent);
 
 void BM_TryFindMiss(benchmark::State& state) {
     om::ObjectModel const& model = store().model;

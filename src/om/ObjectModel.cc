@@ -17,22 +17,8 @@ ObjectModel::ObjectModel(FactoryBase& factory) : m_factory(factory) {}
 
 ObjectModel::~ObjectModel() { clear(); }
 
-Object const* ObjectModel::tryFind(Oid id) const noexcept { return m_objects.find(id); }
-
-Object const* ObjectModel::find(Oid id) const {
-    Object const* found = m_objects.find(id);
-    if (found == nullptr) {
-        throw OMException(notFound("find", id));
-    }
-    return found;
-}
-
-Object* ObjectModel::findRef(Oid id) {
-    Object* found = m_objects.find(id);
-    if (found == nullptr) {
-        throw OMException(notFound("findRef", id));
-    }
-    return found;
+Object* ObjectModel::throwNotFound(char const* operation, Oid id) {
+    throw OMException(notFound(operation, id));
 }
 
 Oid ObjectModel::oidOf(Object const* object) {

@@ -30,9 +30,15 @@ public:
     FactoryBase& getFactory() const { return m_factory; }
 
     // ---- Lookup: one hash lookup on the id.
-    Object const* tryFind(Oid id) const noexcept;
-    Object const* find(Oid id) const;
-    Object* findRef(Oid id);
+    Object const* tryFind(Oid id) const noexcept { return m_objects.find(id); }
+    Object const* find(Oid id) const {
+        Object const* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("find", id);
+    }
+    Object* findRef(Oid id) {
+        Object* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("findRef", id);
+    }
 
     // ---- Parents. The object forms use the object's id; a null pointer is an error.
     Oid getParentOid(Oid id) const;
@@ -104,6 +110,8 @@ public:
     bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
 
 private:
+    // Out of line, so that the lookups stay small enough to inline.
+    [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
     void administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
