@@ -142,6 +142,29 @@ void BM_TryFindMiss(benchmark::State& state) {
 }
 BENCHMARK(BM_TryFindMiss);
 
+// The order of two children of a Node with a thousand children changes, as when
+// the front end edits a long list: the ids stay, the maps differ.
+void BM_CloneAndReorderThousandChildren(benchmark::State& state) {
+    om::ObjectModel& model = store().model;
+    om::Oid const parent = store().nodes.front();
+    if (model.find(parent)->getComposition("Children").size() == 0) {
+        for (int i = 0; i < 1000; ++i) {
+            std::unique_ptr<om::Object> changed = model.find(parent)->clone();
+            changed->getCompositionRef("Children")
+                .push_back(model.createRecursive("test::Leaf")->getOid());
+            model.update(*changed);
+        }
+    }
+    std::size_t const before = allocations;
+    for (auto _ : state) {
+        std::unique_ptr<om::Object> changed = model.find(parent)->clone();
+        changed->getCompositionRef("Children").swap(0, 1);
+        model.update(*changed);
+    }
+    reportAllocations(state, before);
+}
+BENCHMARK(BM_CloneAndReorderThousandChildren);
+
 // The usual change: copy a node by its class, change a property, update.
 void BM_CopyAndUpdateProperty(benchmark::State& state) {
     om::ObjectModel& model = store().model;

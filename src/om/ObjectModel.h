@@ -21,6 +21,8 @@ public:
     using ConstObjectSet = std::set<Object const*>;
     using OidSet = std::set<Oid>;
     using OwnedObjects = std::vector<std::unique_ptr<Object>>;
+    // Ascending and without repetition: the ordered set of ids without a heap node per id.
+    using SortedOids = std::vector<Oid>;
 
     explicit ObjectModel(FactoryBase& factory);
     ObjectModel(ObjectModel const&) = delete;
@@ -114,11 +116,13 @@ private:
     [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
-    void administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
+    static SortedOids sortedChildIds(Object const& object);
+    static SortedOids sortedAssociationIds(Object const& object);
+    void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
     // Makes the gained children known and the lost ones roots; returns the lost ones.
-    OidSet updateChildren(Object const& current, Object const& changed);
+    SortedOids updateChildren(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
     void forgetDestroyedObject(Object const& object);
     void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,

@@ -8,13 +8,33 @@
 namespace om {
 namespace {
 
-ObjectModel::OidSet difference(ObjectModel::OidSet const& from, ObjectModel::OidSet const& minus) {
-    ObjectModel::OidSet result;
-    std::ranges::set_difference(from, minus, std::inserter(result, result.end()));
+using SortedOids = ObjectModel::SortedOids;
+
+SortedOids difference(SortedOids const& from, SortedOids const& minus) {
+    SortedOids result;
+    std::ranges::set_difference(from, minus, std::back_inserter(result));
     return result;
 }
 
+template <class Map> SortedOids sortedIdsOf(Map const& values) {
+    SortedOids ids;
+    for (auto const& entry : values) {
+        ids.insert(ids.end(), entry.second.begin(), entry.second.end());
+    }
+    std::ranges::sort(ids);
+    ids.erase(std::ranges::unique(ids).begin(), ids.end());
+    return ids;
+}
+
 } // namespace
+
+SortedOids ObjectModel::sortedChildIds(Object const& object) {
+    return sortedIdsOf(object.getCompositions());
+}
+
+SortedOids ObjectModel::sortedAssociationIds(Object const& object) {
+    return sortedIdsOf(object.getAssociations());
+}
 
 Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
     Object& added = m_objects.insert(std::move(object));
@@ -25,7 +45,7 @@ Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
     return added;
 }
 
-void ObjectModel::administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
+void ObjectModel::administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                                   bool mayReparent) {
     for (Oid const childId : childIds) {
         Oid& parentEntry = m_parents.try_emplace(childId, NULL_OID).first->second;
@@ -48,7 +68,7 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
     std::unique_ptr<Object> created = m_factory.create(className);
     created->setOwner(this);
     Object& object = administerObjectAdded(std::move(created));
-    OidSet childIds;
+    SortedOids childIds;
     for (auto const& [name, definition] : object.getCompositionDefs()) {
         if (definition.getMultiplicityMin() == 0) {
             continue;
@@ -57,10 +77,11 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
         for (std::uint64_t i = 0; i < definition.getMultiplicityMin(); ++i) {
             Oid const childId = createRecursive(definition.getClassName())->getOid();
             children.push_back(childId);
-            childIds.insert(childId);
+            childIds.push_back(childId);
         }
         object.setComposition(name, children);
     }
+    // Ascending already: the generator hands out increasing ids.
     administerChildrenAddedToObject(object, childIds, false);
     return &object;
 }
@@ -82,7 +103,7 @@ void ObjectModel::update(Object const& changed) {
                           current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
     }
     updateUsers(*current, changed);
-    OidSet const lostChildren = updateChildren(*current, changed);
+    SortedOids const lostChildren = updateChildren(*current, changed);
     current->conservativeAssign(changed, false);
     for (Oid const childId : lostChildren) {
         destroyRecursiveImpl(childId);
@@ -95,8 +116,8 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     if (current.getAssociations() == changed.getAssociations()) {
         return;
     }
-    OidSet const oldTargets = current.getAllAssociations();
-    OidSet const newTargets = changed.getAllAssociations();
+    SortedOids const oldTargets = sortedAssociationIds(current);
+    SortedOids const newTargets = sortedAssociationIds(changed);
     for (Oid const target : difference(oldTargets, newTargets)) {
         m_users[target].erase(current.getOid());
     }
@@ -105,14 +126,14 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     }
 }
 
-ObjectModel::OidSet ObjectModel::updateChildren(Object const& current, Object const& changed) {
+SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
     if (current.getCompositions() == changed.getCompositions()) {
         return {};
     }
-    OidSet const oldChildren = current.getAllChildren();
-    OidSet const newChildren = changed.getAllChildren();
+    SortedOids const oldChildren = sortedChildIds(current);
+    SortedOids const newChildren = sortedChildIds(changed);
     administerChildrenAddedToObject(current, difference(newChildren, oldChildren), true);
-    OidSet lostChildren = difference(oldChildren, newChildren);
+    SortedOids lostChildren = difference(oldChildren, newChildren);
     for (Oid const childId : lostChildren) {
         m_parents[childId] = NULL_OID;
         m_roots.emplace(childId, findRef(childId));

@@ -86,7 +86,7 @@ void ObjectModel::adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> cons
     slot->setOwner(this);
     Object& object = administerObjectAdded(std::move(slot));
     entered.push_back(&object);
-    OidSet const children = object.getAllChildren();
+    SortedOids const children = sortedChildIds(object);
     for (Oid const childId : children) {
         adoptTree(childId, slots, entered);
     }
