@@ -21,8 +21,6 @@ public:
     using ConstObjectSet = std::set<Object const*>;
     using OidSet = std::set<Oid>;
     using OwnedObjects = std::vector<std::unique_ptr<Object>>;
-    // Ascending and without repetition: the ordered set of ids without a heap node per id.
-    using SortedOids = std::vector<Oid>;
 
     explicit ObjectModel(FactoryBase& factory);
     ObjectModel(ObjectModel const&) = delete;
@@ -99,10 +97,13 @@ public:
     // Destroys the subtree without looking at the parent's minimum.
     void destroyRecursiveImpl(Oid id);
     // Takes over the trees that hang from the objects without parent in the
-    // vector, moving them out of it; on an error nothing changes.
+    // vector and moves them out of it; objects that hang from no such root stay
+    // there. On an error nothing changes.
     void addObjects(OwnedObjects& objects);
     // Hands the tree below the root `id` to the caller, in pre-order.
     void removeObjects(Oid id, OwnedObjects& out);
+    // Moves the tree below the root `id` of `other` into this store; should that
+    // fail, `other` keeps the objects readable until it is cleared.
     void takeFrom(ObjectModel& other, Oid id);
     // Releases every object, also those destroyed earlier.
     void clear();
@@ -112,6 +113,9 @@ public:
     bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
 
 private:
+    // Ascending and without repetition: an ordered set of ids without a heap node per id.
+    using SortedOids = std::vector<Oid>;
+
     // Out of line, so that the lookups stay small enough to inline.
     [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
     static Oid oidOf(Object const* object);

@@ -8,16 +8,14 @@
 namespace om {
 namespace {
 
-using SortedOids = ObjectModel::SortedOids;
-
-SortedOids difference(SortedOids const& from, SortedOids const& minus) {
-    SortedOids result;
+std::vector<Oid> difference(std::vector<Oid> const& from, std::vector<Oid> const& minus) {
+    std::vector<Oid> result;
     std::ranges::set_difference(from, minus, std::back_inserter(result));
     return result;
 }
 
-template <class Map> SortedOids sortedIdsOf(Map const& values) {
-    SortedOids ids;
+template <class Map> std::vector<Oid> sortedIdsOf(Map const& values) {
+    std::vector<Oid> ids;
     for (auto const& entry : values) {
         ids.insert(ids.end(), entry.second.begin(), entry.second.end());
     }
@@ -28,11 +26,11 @@ template <class Map> SortedOids sortedIdsOf(Map const& values) {
 
 } // namespace
 
-SortedOids ObjectModel::sortedChildIds(Object const& object) {
+ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
     return sortedIdsOf(object.getCompositions());
 }
 
-SortedOids ObjectModel::sortedAssociationIds(Object const& object) {
+ObjectModel::SortedOids ObjectModel::sortedAssociationIds(Object const& object) {
     return sortedIdsOf(object.getAssociations());
 }
 
@@ -126,7 +124,7 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     }
 }
 
-SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
+ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
     if (current.getCompositions() == changed.getCompositions()) {
         return {};
     }
