@@ -106,6 +106,20 @@ TEST_F(ObjectModelTest, TreesInPreOrderAndVisitsInIdOrder) {
     EXPECT_EQ(recorder.getLevel(), 0);
 }
 
+TEST_F(ObjectModelTest, DanglingChildIsSkippedByVisitsButNotByTrees) {
+    Oid const node = create("test::Node");
+    Oid const dangling = node + 1000;
+    model.findRef(node)->getCompositionRef("Children").push_back(dangling);
+    struct Counter : ObjectVisitor {
+        int visits = 0;
+        void visit(Object const&) override { ++visits; }
+    } counter;
+    model.find(node)->accept(counter);
+    EXPECT_EQ(counter.visits, 2);
+    EXPECT_EQ(errorOf([&] { model.getTreeVec(node); }),
+              "find: Object with id " + Oid2String(dangling) + " not found");
+}
+
 TEST_F(ObjectModelTest, PositionInTheParent) {
     Oid const parent = create("test::Node");
     Oid const first = create("test::Leaf");
