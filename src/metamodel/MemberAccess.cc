@@ -21,6 +21,21 @@ void InsertAll(om::Object& parent, std::string const& key, Ids const& ids, bool 
 
 } // namespace
 
+std::vector<om::Object const*> ChildrenWhere(om::Object const& parent,
+                                             bool (*accept)(om::Object const&)) {
+    std::vector<om::Object const*> result;
+    auto const& model = parent.getOwner();
+    for (auto const& [key, ids] : parent.getCompositions()) {
+        for (auto id : ids) {
+            auto const* child = model.find(id);
+            if (accept(*child)) {
+                result.push_back(child);
+            }
+        }
+    }
+    return result;
+}
+
 void ReplaceChildren(om::Object& parent, std::string const& key, std::vector<om::Oid> const& ids) {
     InsertAll(parent, key, ids, true);
 }

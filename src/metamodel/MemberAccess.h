@@ -11,6 +11,7 @@
 
 #include <set>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace kel {
@@ -31,17 +32,19 @@ template <class Vec, class Ids> Vec ResolveIds(om::Object const& holder, Ids con
     return result;
 }
 
+// The children of `parent`, compositions in key order, that `accept` lets through.
+std::vector<om::Object const*> ChildrenWhere(om::Object const& parent,
+                                             bool (*accept)(om::Object const&));
+
 // The children of `parent` of the vector's class, compositions in key order.
 template <class Vec> Vec ChildrenOfClass(om::Object const& parent) {
     using T = std::remove_cv_t<std::remove_pointer_t<typename Vec::value_type>>;
+    auto const children = ChildrenWhere(
+        parent, [](om::Object const& child) { return dynamic_cast<T const*>(&child) != nullptr; });
     Vec result;
-    auto const& model = parent.getOwner();
-    for (auto const& [key, ids] : parent.getCompositions()) {
-        for (auto id : ids) {
-            if (auto const* child = dynamic_cast<T const*>(model.find(id))) {
-                result.push_back(child);
-            }
-        }
+    result.reserve(children.size());
+    for (auto const* child : children) {
+        result.push_back(static_cast<T const*>(child));
     }
     return result;
 }

@@ -36,7 +36,8 @@ Methods Specials(std::string const& vec) {
         {"", vec, vec + "&& other", false, "= default", "", "", ""},
         {vec + "&", "operator=", vec + " const& other", false, "= default", "", "", ""},
         {vec + "&", "operator=", vec + "&& other", false, "= default", "", "", ""},
-        {"", "~" + vec, "", false, "= default", "virtual ", "", ""},
+        // Out of line, so that the vtable is emitted once, with the class's members.
+        {"", "~" + vec, "", false, "", "virtual ", "", ""},
     };
 }
 
