@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 namespace kel::test {
@@ -32,8 +33,41 @@ protected:
         return change(make<T>(), [&](T& copy) { copy.setName(name); });
     }
 
+    // The Root of the store, made on first use.
+    Root const& root() {
+        if (m_root == nullptr) {
+            m_root = &make<Root>();
+        }
+        return *m_root;
+    }
+
+    // A File of that name under the Root.
+    File const& addFile(std::string const& name) {
+        auto const& file = named<File>(name);
+        change(root(), [&](Root& copy) { copy.addToFiles(file.getOid()); });
+        return file;
+    }
+
+    // Gives the object a position in `file`, each field a different number.
+    template <class T> T const& place(T const& object, File const& file, std::int32_t line) {
+        return change(object, [&](T& copy) {
+            copy.setLine(line);
+            copy.setColumn(2);
+            copy.setBeginLine(line);
+            copy.setBeginColumn(1);
+            copy.setEndLine(line + 1);
+            copy.setEndColumn(9);
+            copy.setFile(file);
+        });
+    }
+
+    template <class T> T const& find(om::Oid id) { return om::AsType<T>(*model.find(id)); }
+
     Factory factory;
     om::ObjectModel model{factory};
+
+private:
+    Root const* m_root = nullptr;
 };
 
 } // namespace kel::test
