@@ -17,25 +17,8 @@ ObjectModel::ObjectModel(FactoryBase& factory) : m_factory(factory) {}
 
 ObjectModel::~ObjectModel() { clear(); }
 
-Object const* ObjectModel::tryFind(Oid id) const noexcept {
-    auto const found = m_objects.find(id);
-    return found == m_objects.end() ? nullptr : found->second.get();
-}
-
-Object const* ObjectModel::find(Oid id) const {
-    auto const found = m_objects.find(id);
-    if (found == m_objects.end()) {
-        throw OMException(notFound("find", id));
-    }
-    return found->second.get();
-}
-
-Object* ObjectModel::findRef(Oid id) {
-    auto const found = m_objects.find(id);
-    if (found == m_objects.end()) {
-        throw OMException(notFound("findRef", id));
-    }
-    return found->second.get();
+Object* ObjectModel::throwNotFound(char const* operation, Oid id) {
+    throw OMException(notFound(operation, id));
 }
 
 Oid ObjectModel::oidOf(Object const* object) {
@@ -184,17 +167,13 @@ bool ObjectModel::equalUpToId(ObjectModel const& other) const {
     if (m_objects.size() != other.m_objects.size()) {
         return false;
     }
-    for (auto const& entry : m_objects) {
-        if (!other.m_objects.contains(entry.first)) {
-            return false;
-        }
-    }
-    for (auto const& [id, object] : m_objects) {
-        if (!object->equalExceptOwner(*other.m_objects.at(id))) {
-            return false;
-        }
-    }
-    return m_parents == other.m_parents && m_users == other.m_users &&
+    // Same size and every id of this store in the other: the same ids.
+    bool sameObjects = true;
+    m_objects.forEach([&](Object const& object) {
+        Object const* twin = other.m_objects.find(object.getOid());
+        sameObjects = sameObjects && twin != nullptr && object.equalExceptOwner(*twin);
+    });
+    return sameObjects && m_parents == other.m_parents && m_users == other.m_users &&
            std::ranges::equal(m_roots, other.m_roots,
                               [](auto const& a, auto const& b) { return a.first == b.first; });
 }

@@ -4,13 +4,13 @@
 
 #include "om/FactoryBase.h"
 #include "om/Object.h"
+#include "om/ObjectIndex.h"
 #include "om/Oid.h"
 
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 namespace om {
@@ -30,9 +30,15 @@ public:
     FactoryBase& getFactory() const { return m_factory; }
 
     // ---- Lookup: one hash lookup on the id.
-    Object const* tryFind(Oid id) const noexcept;
-    Object const* find(Oid id) const;
-    Object* findRef(Oid id);
+    Object const* tryFind(Oid id) const noexcept { return m_objects.find(id); }
+    Object const* find(Oid id) const {
+        Object const* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("find", id);
+    }
+    Object* findRef(Oid id) {
+        Object* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("findRef", id);
+    }
 
     // ---- Parents. The object forms use the object's id; a null pointer is an error.
     Oid getParentOid(Oid id) const;
@@ -91,10 +97,13 @@ public:
     // Destroys the subtree without looking at the parent's minimum.
     void destroyRecursiveImpl(Oid id);
     // Takes over the trees that hang from the objects without parent in the
-    // vector, moving them out of it; on an error nothing changes.
+    // vector and moves them out of it; objects that hang from no such root stay
+    // there. On an error nothing changes.
     void addObjects(OwnedObjects& objects);
     // Hands the tree below the root `id` to the caller, in pre-order.
     void removeObjects(Oid id, OwnedObjects& out);
+    // Moves the tree below the root `id` of `other` into this store; should that
+    // fail, `other` keeps the objects readable until it is cleared.
     void takeFrom(ObjectModel& other, Oid id);
     // Releases every object, also those destroyed earlier.
     void clear();
@@ -104,11 +113,20 @@ public:
     bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
 
 private:
+    // Ascending and without repetition: an ordered set of ids without a heap node per id.
+    using SortedOids = std::vector<Oid>;
+
+    // Out of line, so that the lookups stay small enough to inline.
+    [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
-    void administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
+    static SortedOids sortedChildIds(Object const& object);
+    static SortedOids sortedAssociationIds(Object const& object);
+    void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
+    // Makes the gained children known and the lost ones roots; returns the lost ones.
+    SortedOids updateChildren(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
     void forgetDestroyedObject(Object const& object);
     void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,
@@ -117,7 +135,7 @@ private:
                    std::vector<Object const*>& entered);
 
     FactoryBase& m_factory;
-    std::unordered_map<Oid, std::unique_ptr<Object>> m_objects;
+    ObjectIndex m_objects;
     std::map<Oid, Oid> m_parents;
     std::map<Oid, OidSet> m_users;
     // Ordered by id rather than by address, so that every walk over the roots

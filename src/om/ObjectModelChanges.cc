@@ -8,25 +8,42 @@
 namespace om {
 namespace {
 
-ObjectModel::OidSet difference(ObjectModel::OidSet const& from, ObjectModel::OidSet const& minus) {
-    ObjectModel::OidSet result;
-    std::ranges::set_difference(from, minus, std::inserter(result, result.end()));
+std::vector<Oid> difference(std::vector<Oid> const& from, std::vector<Oid> const& minus) {
+    std::vector<Oid> result;
+    std::ranges::set_difference(from, minus, std::back_inserter(result));
     return result;
+}
+
+template <class Map> std::vector<Oid> sortedIdsOf(Map const& values) {
+    std::vector<Oid> ids;
+    for (auto const& entry : values) {
+        ids.insert(ids.end(), entry.second.begin(), entry.second.end());
+    }
+    std::ranges::sort(ids);
+    ids.erase(std::ranges::unique(ids).begin(), ids.end());
+    return ids;
 }
 
 } // namespace
 
+ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
+    return sortedIdsOf(object.getCompositions());
+}
+
+ObjectModel::SortedOids ObjectModel::sortedAssociationIds(Object const& object) {
+    return sortedIdsOf(object.getAssociations());
+}
+
 Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
-    Object& added = *object;
+    Object& added = m_objects.insert(std::move(object));
     Oid const id = added.getOid();
-    m_objects[id] = std::move(object);
     m_users.try_emplace(id);
     m_parents.try_emplace(id, NULL_OID);
     m_roots.emplace(id, &added);
     return added;
 }
 
-void ObjectModel::administerChildrenAddedToObject(Object const& parent, OidSet const& childIds,
+void ObjectModel::administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                                   bool mayReparent) {
     for (Oid const childId : childIds) {
         Oid& parentEntry = m_parents.try_emplace(childId, NULL_OID).first->second;
@@ -49,7 +66,7 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
     std::unique_ptr<Object> created = m_factory.create(className);
     created->setOwner(this);
     Object& object = administerObjectAdded(std::move(created));
-    OidSet childIds;
+    SortedOids childIds;
     for (auto const& [name, definition] : object.getCompositionDefs()) {
         if (definition.getMultiplicityMin() == 0) {
             continue;
@@ -58,10 +75,11 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
         for (std::uint64_t i = 0; i < definition.getMultiplicityMin(); ++i) {
             Oid const childId = createRecursive(definition.getClassName())->getOid();
             children.push_back(childId);
-            childIds.insert(childId);
+            childIds.push_back(childId);
         }
         object.setComposition(name, children);
     }
+    // Ascending already: the generator hands out increasing ids.
     administerChildrenAddedToObject(object, childIds, false);
     return &object;
 }
@@ -83,30 +101,42 @@ void ObjectModel::update(Object const& changed) {
                           current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
     }
     updateUsers(*current, changed);
-
-    OidSet const oldChildren = current->getAllChildren();
-    OidSet const newChildren = changed.getAllChildren();
-    administerChildrenAddedToObject(*current, difference(newChildren, oldChildren), true);
-    OidSet const lostChildren = difference(oldChildren, newChildren);
-    for (Oid const childId : lostChildren) {
-        m_parents[childId] = NULL_OID;
-        m_roots.emplace(childId, findRef(childId));
-    }
+    SortedOids const lostChildren = updateChildren(*current, changed);
     current->conservativeAssign(changed, false);
     for (Oid const childId : lostChildren) {
         destroyRecursiveImpl(childId);
     }
 }
 
+// Most updates change properties only; equal maps hold equal ids, so the
+// comparison, which allocates nothing, spares the set arithmetic.
 void ObjectModel::updateUsers(Object const& current, Object const& changed) {
-    OidSet const oldTargets = current.getAllAssociations();
-    OidSet const newTargets = changed.getAllAssociations();
+    if (current.getAssociations() == changed.getAssociations()) {
+        return;
+    }
+    SortedOids const oldTargets = sortedAssociationIds(current);
+    SortedOids const newTargets = sortedAssociationIds(changed);
     for (Oid const target : difference(oldTargets, newTargets)) {
         m_users[target].erase(current.getOid());
     }
     for (Oid const target : difference(newTargets, oldTargets)) {
         m_users[target].insert(current.getOid());
     }
+}
+
+ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
+    if (current.getCompositions() == changed.getCompositions()) {
+        return {};
+    }
+    SortedOids const oldChildren = sortedChildIds(current);
+    SortedOids const newChildren = sortedChildIds(changed);
+    administerChildrenAddedToObject(current, difference(newChildren, oldChildren), true);
+    SortedOids lostChildren = difference(oldChildren, newChildren);
+    for (Oid const childId : lostChildren) {
+        m_parents[childId] = NULL_OID;
+        m_roots.emplace(childId, findRef(childId));
+    }
+    return lostChildren;
 }
 
 void ObjectModel::destroyRecursive(Oid id) {
@@ -135,9 +165,9 @@ void ObjectModel::destroyRecursiveImpl(Oid id) {
     for (Object const* object : tree) {
         for (Oid const userId : m_users[object->getOid()]) {
             // A user that left the store through removeObjects is no longer ours to change.
-            auto const user = m_objects.find(userId);
-            if (!treeIds.contains(userId) && user != m_objects.end()) {
-                user->second->removeAssociation(object->getOid());
+            Object* user = m_objects.find(userId);
+            if (user != nullptr && !treeIds.contains(userId)) {
+                user->removeAssociation(object->getOid());
             }
         }
     }
@@ -154,8 +184,7 @@ void ObjectModel::forgetDestroyedObject(Object const& object) {
     m_parents.erase(id);
     m_users.erase(id);
     m_roots.erase(id);
-    auto node = m_objects.extract(id);
-    m_destroyed.push_back(std::move(node.mapped()));
+    m_destroyed.push_back(m_objects.extract(id));
     for (Oid const target : object.getAllAssociations()) {
         if (auto const users = m_users.find(target); users != m_users.end()) {
             users->second.erase(id);

@@ -86,7 +86,7 @@ void ObjectModel::adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> cons
     slot->setOwner(this);
     Object& object = administerObjectAdded(std::move(slot));
     entered.push_back(&object);
-    OidSet const children = object.getAllChildren();
+    SortedOids const children = sortedChildIds(object);
     for (Oid const childId : children) {
         adoptTree(childId, slots, entered);
     }
@@ -100,9 +100,9 @@ void ObjectModel::removeObjects(Oid id, OwnedObjects& out) {
     m_roots.erase(id);
     for (Object const* object : tree) {
         Oid const objectId = object->getOid();
-        auto node = m_objects.extract(objectId);
-        node.mapped()->setOwner(nullptr);
-        out.push_back(std::move(node.mapped()));
+        std::unique_ptr<Object> removed = m_objects.extract(objectId);
+        removed->setOwner(nullptr);
+        out.push_back(std::move(removed));
         m_parents.erase(objectId);
         m_users.erase(objectId);
     }

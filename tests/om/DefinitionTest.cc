@@ -1,3 +1,4 @@
+#include "ErrorText.h"
 #include "TestClasses.h"
 #include "om/AssociationDefinition.h"
 #include "om/CompositionDefinition.h"

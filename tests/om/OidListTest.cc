@@ -92,8 +92,9 @@ TYPED_TEST(OidListTest, CopiesAreDeepAndTakeTheSourceForm) {
     TypeParam copy = vector;
     copy.setAt(0, 7);
     EXPECT_THAT(vector.asOidVec(), ElementsAre(1, 2, 3));
-    copy = valueOf<TypeParam>({8});
-    EXPECT_FALSE(copy.isVector());
+    auto const single = valueOf<TypeParam>({8});
+    copy = single;
+    EXPECT_FALSE(copy.isVector()) << "the vector is freed";
     EXPECT_EQ(copy.get(), 8);
     copy = vector;
     EXPECT_TRUE(copy.isVector());
