@@ -13,6 +13,7 @@
 
 #include <istream>
 #include <ostream>
+#include <string_view>
 
 namespace language {
 
@@ -26,6 +27,10 @@ public:
 
     // flex would end the process here; a broken stream is the caller's failure instead.
     [[noreturn]] void LexerError(const char* message) override;
+
+private:
+    // The text of the rule that matched last.
+    std::string_view lexeme() const { return {YYText(), static_cast<std::size_t>(YYLeng())}; }
 };
 
 } // namespace language

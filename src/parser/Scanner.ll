@@ -60,10 +60,10 @@ QSTRING \"([^"\n]|\\.)*\"
 %}
 
 <INITIAL>{
-import{WS}+[-.0-9A-Za-z_]+{WS}*";"  { value->emplace<std::string>(importedFile({yytext, yy_size_t(yyleng)})); return token::TOK_IMPORT; }
-"#imported"{WS}+{QSTRING}{WS}*      { value->emplace<std::string>(clauseText({yytext, yy_size_t(yyleng)}, 9)); return token::TOK_IMPORTED; }
-"#file"{WS}+{QSTRING}{WS}*          { value->emplace<std::string>(clauseText({yytext, yy_size_t(yyleng)}, 5)); return token::TOK_FILE; }
-"#dir"{WS}+{QSTRING}{WS}*           { value->emplace<std::string>(clauseText({yytext, yy_size_t(yyleng)}, 5)); return token::TOK_DIR; }
+import{WS}+[-.0-9A-Za-z_]+{WS}*";"  { value->emplace<std::string>(importedFile(lexeme())); return token::TOK_IMPORT; }
+"#imported"{WS}+{QSTRING}{WS}*      { value->emplace<std::string>(clauseText(lexeme(), 9)); return token::TOK_IMPORTED; }
+"#file"{WS}+{QSTRING}{WS}*          { value->emplace<std::string>(clauseText(lexeme(), 5)); return token::TOK_FILE; }
+"#dir"{WS}+{QSTRING}{WS}*           { value->emplace<std::string>(clauseText(lexeme(), 5)); return token::TOK_DIR; }
 "{"             { return token::TOK_LBRACE; }
 "}"             { return token::TOK_RBRACE; }
 "["             { return token::TOK_LBRACKET; }
@@ -119,9 +119,9 @@ return          { return token::TOK_RETURN; }
 subint          { return token::TOK_SUBINT; }
 system          { return token::TOK_SYSTEM; }
 true            { return token::TOK_TRUE; }
-[A-Za-z_][A-Za-z0-9_]*  { value->emplace<std::string>(yytext, yyleng); return token::TOK_IDENTIFIER; }
+[A-Za-z_][A-Za-z0-9_]*  { value->emplace<std::string>(lexeme()); return token::TOK_IDENTIFIER; }
 [0-9]+          { value->emplace<std::int32_t>(integerValue(yytext)); return token::TOK_INTEGER; }
-"$"([^$]|\\.)*"$"   { value->emplace<std::string>(yytext, yyleng); return token::TOK_DATASTRING; }
+"$"([^$]|\\.)*"$"   { value->emplace<std::string>(lexeme()); return token::TOK_DATASTRING; }
 {WS}+           { loc->step(); }
 "//"[^\n]*      { loc->step(); }
 \n              { loc->lines(1); loc->step(); }

@@ -36,6 +36,12 @@ public:
 
     std::vector<std::pair<location, std::string>> const& errors() const { return m_errors; }
 
+    // Lets the generated scanner and parser report their steps on the log stream.
+    void setTracing(bool scanning, bool parsing) {
+        m_traceScanning = scanning;
+        m_traceParsing = parsing;
+    }
+
     // The running parse's scanner and the name its locations point at.
     PreScanner& scanner() { return *m_scanner; }
     std::string const& streamName() const { return m_streamName; }

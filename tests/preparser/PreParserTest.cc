@@ -111,4 +111,16 @@ TEST(PreParserTest, ParseFileReportsAFileThatCannotBeOpened) {
     EXPECT_TRUE(parser.hasErrors());
 }
 
+TEST(PreParserTest, TracingReportsOnTheLogStreamOnlyWhenAsked) {
+    pre::PreParser parser;
+    std::istringstream quiet("enum E { a };"), traced("enum E { a };");
+    testing::internal::CaptureStderr();
+    parser.parseStream(quiet, "q.kel");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    parser.setTracing(true, true);
+    testing::internal::CaptureStderr();
+    parser.parseStream(traced, "t.kel");
+    EXPECT_NE(testing::internal::GetCapturedStderr(), "");
+}
+
 } // namespace
