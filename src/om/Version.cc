@@ -38,8 +38,7 @@ bool Version::operator==(Version const& other) const {
 }
 
 std::string Version::asString() const {
-    return std::to_string(m_major) + "." + std::to_string(m_minor) + "." +
-           std::to_string(m_patch);
+    return std::to_string(m_major) + "." + std::to_string(m_minor) + "." + std::to_string(m_patch);
 }
 
 std::ostream& operator<<(std::ostream& out, Version const& version) {

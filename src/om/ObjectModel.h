@@ -1,0 +1,149 @@
+// The store of all objects of one source: owns them, finds them by id, and keeps
+// the parent, users and root indexes consistent while objects come and go.
+#pragma once
+
+#include "om/FactoryBase.h"
+#include "om/Object.h"
+#include "om/ObjectIndex.h"
+#include "om/Oid.h"
+
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace om {
+
+class ObjectModel {
+public:
+    using ConstObjectVec = std::vector<Object const*>;
+    using ConstObjectSet = std::set<Object const*>;
+    using OidSet = std::set<Oid>;
+    using OwnedObjects = std::vector<std::unique_ptr<Object>>;
+
+    explicit ObjectModel(FactoryBase& factory);
+    ObjectModel(ObjectModel const&) = delete;
+    ObjectModel& operator=(ObjectModel const&) = delete;
+    ~ObjectModel();
+
+    FactoryBase& getFactory() const { return m_factory; }
+
+    // ---- Lookup: one hash lookup on the id.
+    Object const* tryFind(Oid id) const noexcept { return m_objects.find(id); }
+    Object const* find(Oid id) const {
+        Object const* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("find", id);
+    }
+    Object* findRef(Oid id) {
+        Object* found = m_objects.find(id);
+        return found != nullptr ? found : throwNotFound("findRef", id);
+    }
+
+    // ---- Parents. The object forms use the object's id; a null pointer is an error.
+    Oid getParentOid(Oid id) const;
+    Oid getParentOid(Object const& object) const { return getParentOid(object.getOid()); }
+    Oid getParentOid(Object const* object) const { return getParentOid(oidOf(object)); }
+    Object const* tryGetParent(Oid id) const { return tryFind(getParentOid(id)); }
+    Object const* tryGetParent(Object const& object) const { return tryGetParent(object.getOid()); }
+    Object const* tryGetParent(Object const* object) const { return tryGetParent(oidOf(object)); }
+    Object const* getParent(Oid id) const { return find(getParentOid(id)); }
+    Object const* getParent(Object const& object) const { return getParent(object.getOid()); }
+    Object const* getParent(Object const* object) const { return getParent(oidOf(object)); }
+
+    // The nearest proper ancestor of the given class or a class derived from it.
+    Oid getParentOfTypeOid(Oid id, std::string const& typeName) const;
+    Oid getParentOfTypeOid(Object const& object, std::string const& typeName) const;
+    Oid getParentOfTypeOid(Object const* object, std::string const& typeName) const;
+    Object const* tryGetParentOfType(Oid id, std::string const& typeName) const;
+    Object const* tryGetParentOfType(Object const& object, std::string const& typeName) const;
+    Object const* tryGetParentOfType(Object const* object, std::string const& typeName) const;
+    Object const* getParentOfType(Oid id, std::string const& typeName) const;
+    Object const* getParentOfType(Object const& object, std::string const& typeName) const;
+    Object const* getParentOfType(Object const* object, std::string const& typeName) const;
+
+    // ---- Users: the objects that name an object in an association.
+    OidSet getUserOids(Oid id) const;
+    OidSet getUserOids(Object const& object) const { return getUserOids(object.getOid()); }
+    OidSet getUserOids(Object const* object) const { return getUserOids(oidOf(object)); }
+    ConstObjectSet getUsers(Oid id) const;
+    ConstObjectSet getUsers(Object const& object) const { return getUsers(object.getOid()); }
+    ConstObjectSet getUsers(Object const* object) const { return getUsers(oidOf(object)); }
+
+    // ---- Subtrees in pre-order: the object, then each composition by name, each child in order.
+    ConstObjectVec getTreeVec(Oid id) const;
+    ConstObjectVec getTreeVec(Object const& object) const { return getTreeVec(object.getOid()); }
+    ConstObjectVec getTreeVec(Object const* object) const { return getTreeVec(oidOf(object)); }
+    OidSet getTreeOids(Oid id) const;
+    OidSet getTreeOids(Object const& object) const { return getTreeOids(object.getOid()); }
+    OidSet getTreeOids(Object const* object) const { return getTreeOids(oidOf(object)); }
+    ConstObjectSet getTreeSet(Oid id) const;
+    ConstObjectSet getTreeSet(Object const& object) const { return getTreeSet(object.getOid()); }
+    ConstObjectSet getTreeSet(Object const* object) const { return getTreeSet(oidOf(object)); }
+
+    // ---- Roots, in ascending id order.
+    ConstObjectVec getRootObjectsVec() const;
+    ConstObjectSet getRootObjectsSet() const;
+    OidSet getRootOids() const;
+
+    // ---- Changes.
+    // A new object of the class with all its required children, recursively.
+    Object const* createRecursive(std::string const& className);
+    // Assigns the state of `changed`, a changed copy of a stored object, into
+    // that object, and brings the indexes along; dropped children are destroyed.
+    void update(Object const& changed);
+    // Destroys the subtree unless its parent's composition is at its minimum.
+    void destroyRecursive(Oid id);
+    // Destroys the subtree without looking at the parent's minimum.
+    void destroyRecursiveImpl(Oid id);
+    // Takes over the trees that hang from the objects without parent in the
+    // vector and moves them out of it; objects that hang from no such root stay
+    // there. On an error nothing changes.
+    void addObjects(OwnedObjects& objects);
+    // Hands the tree below the root `id` to the caller, in pre-order.
+    void removeObjects(Oid id, OwnedObjects& out);
+    // Moves the tree below the root `id` of `other` into this store; should that
+    // fail, `other` keeps the objects readable until it is cleared.
+    void takeFrom(ObjectModel& other, Oid id);
+    // Releases every object, also those destroyed earlier.
+    void clear();
+
+    // Same ids, equal objects but for the owner, and equal indexes.
+    bool equalUpToId(ObjectModel const& other) const;
+    bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
+
+private:
+    // Ascending and without repetition: an ordered set of ids without a heap node per id.
+    using SortedOids = std::vector<Oid>;
+
+    // Out of line, so that the lookups stay small enough to inline.
+    [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
+    static Oid oidOf(Object const* object);
+    Object& administerObjectAdded(std::unique_ptr<Object> object);
+    static SortedOids sortedChildIds(Object const& object);
+    static SortedOids sortedAssociationIds(Object const& object);
+    void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
+                                         bool mayReparent);
+    void updateUsers(Object const& current, Object const& changed);
+    // Makes the gained children known and the lost ones roots; returns the lost ones.
+    SortedOids updateChildren(Object const& current, Object const& changed);
+    void collectTree(Object const& top, ConstObjectVec& tree) const;
+    void forgetDestroyedObject(Object const& object);
+    void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,
+                           OidSet const& roots) const;
+    void adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> const& slots,
+                   std::vector<Object const*>& entered);
+
+    FactoryBase& m_factory;
+    ObjectIndex m_objects;
+    std::map<Oid, Oid> m_parents;
+    std::map<Oid, OidSet> m_users;
+    // Ordered by id rather than by address, so that every walk over the roots
+    // is the same from run to run.
+    std::map<Oid, Object const*> m_roots;
+    // Destroyed objects stay readable through pointers that code still holds,
+    // until clear() or the end of the process.
+    OwnedObjects m_destroyed;
+};
+
+} // namespace om
