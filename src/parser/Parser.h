@@ -34,6 +34,12 @@ public:
     // parseStream, with imports looked for next to the named file first.
     bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports);
 
+    // Lets the generated scanner and parser report their steps on the log stream.
+    void setTracing(bool scanning, bool parsing) {
+        m_traceScanning = scanning;
+        m_traceParsing = parsing;
+    }
+
     // "cannot open" with the quoted name, at the clause that asked for it if any.
     void fileNotFound(std::string const& file, location const* where);
 

@@ -126,6 +126,16 @@ TEST_F(ParserImportsTest, ComponentsOfAnImportedFileKeepTheirPortsButNoBehaviour
     EXPECT_TRUE(l.getImported());
 }
 
+TEST_F(ParserImportsTest, FullImportsKeepBehavioursAndSystems) {
+    write("lib.kel", "component L { provides I p; behaviour { on p.e: illegal; } }\n"
+                     "component S { system { L l; } }");
+    write("main.kel", "import lib.kel;\ninterface I { in void e(); }");
+    ASSERT_TRUE(parser.parseFile(path("main.kel"), {}, true)) << errors();
+    EXPECT_EQ(modelNames(), "L S I");
+    EXPECT_TRUE(model(0).hasBehaviour());
+    EXPECT_EQ(om::AsType<kel::ComponentDeclaration>(model(1)).getSystem().getInstancesSize(), 1u);
+}
+
 TEST_F(ParserImportsTest, AnImportedFileSkipsTheComponentsOnlyFilesItImports) {
     write("components.kel", "component K { }");
     write("mid.kel", "import components.kel;\ninterface M { }");
