@@ -7,6 +7,7 @@
 #include "om/ObjectModel.h"
 
 #include <string>
+#include <vector>
 
 namespace kel {
 
@@ -24,6 +25,15 @@ inline om::Oid Store(om::ObjectModel& model, om::Object const& copy) {
 // The stored object with that id, which must be of class T.
 template <class T> T const& Find(om::ObjectModel const& model, om::Oid id) {
     return om::AsType<T>(*model.find(id));
+}
+
+// The ids, each found in the store as an object of class T.
+template <class T>
+std::vector<om::Oid> const& Checked(om::ObjectModel const& model, std::vector<om::Oid> const& ids) {
+    for (auto const id : ids) {
+        Find<T>(model, id);
+    }
+    return ids;
 }
 
 // A new named object, stored; references keep their name unresolved.

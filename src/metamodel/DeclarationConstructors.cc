@@ -47,7 +47,7 @@ om::Oid constructEventDeclaration(om::ObjectModel& model, EventDirection directi
     if (auto const typeId = OptionalTypeReference(model, returnTypeName)) {
         copy.setReturnType(Find<TypeReference>(model, typeId));
     }
-    copy.addToParameters(parameterIds);
+    copy.addToParameters(Checked<ParameterDeclaration>(model, parameterIds));
     return Store(model, copy);
 }
 
@@ -60,7 +60,7 @@ om::Oid constructEnumTypeDeclaration(om::ObjectModel& model, std::string const& 
                                      OidVec const& valueIds) {
     auto copy = NewCopy<EnumTypeDeclaration>(model);
     copy.setName(name);
-    copy.setValues(valueIds);
+    copy.setValues(Checked<EnumValueDeclaration>(model, valueIds));
     return Store(model, copy);
 }
 
@@ -109,7 +109,7 @@ om::Oid constructInternalDeclaration(om::ObjectModel& model, std::string const& 
     copy.setDirection(idirRequired);
     copy.setInterface(
         Find<InterfaceReference>(model, NewNamed<InterfaceReference>(model, interfaceName)));
-    copy.addToParameters(parameterIds);
+    copy.addToParameters(Checked<ParameterDeclaration>(model, parameterIds));
     return Store(model, copy);
 }
 
@@ -121,7 +121,7 @@ om::Oid constructFunctionDeclaration(om::ObjectModel& model, std::string const& 
     if (auto const typeId = OptionalTypeReference(model, returnTypeName)) {
         copy.setReturnType(Find<TypeReference>(model, typeId));
     }
-    copy.addToParameters(parameterIds);
+    copy.addToParameters(Checked<ParameterDeclaration>(model, parameterIds));
     return Store(model, copy);
 }
 
@@ -139,7 +139,7 @@ om::Oid constructComponentDeclaration(om::ObjectModel& model, std::string const&
                                       om::Oid systemId) {
     auto copy = NewCopy<ComponentDeclaration>(model);
     copy.setName(name);
-    copy.setPorts(portIds);
+    copy.setPorts(Checked<PortDeclaration>(model, portIds));
     if (behaviourId != om::NULL_OID) {
         copy.setBehaviour(Find<Behaviour>(model, behaviourId));
     }

@@ -19,7 +19,7 @@ om::Oid constructNamedExpression(om::ObjectModel& model, std::string const& name
     auto copy = NewCopy<NameExpression>(model);
     copy.setName(name);
     copy.setParentheses(parentheses);
-    copy.setArguments(argumentIds);
+    copy.setArguments(Checked<Expression>(model, argumentIds));
     return Store(model, copy);
 }
 

@@ -8,7 +8,6 @@
 #include "metamodel/PortDeclaration.h"
 #include "metamodel/PortReturn.h"
 
-#include <compare>
 #include <string>
 #include <vector>
 
@@ -43,7 +42,8 @@ struct PortEvent {
     std::vector<PortReturn> PortReturns() const;
     bool IsValidReturn(std::string const& text) const;
 
-    auto operator<=>(PortEvent const& other) const = default;
+    // No ordering: an order by address must never reach the output.
+    bool operator==(PortEvent const& other) const = default;
 };
 
 } // namespace kel

@@ -58,7 +58,7 @@ om::Oid constructOtherwiseGuard(om::ObjectModel& model) {
 om::Oid constructOnEventStatement(om::ObjectModel& model, OidVec const& eventIds,
                                   om::Oid statementId) {
     auto copy = NewCopy<OnEventStatement>(model);
-    copy.setEvents(eventIds);
+    copy.setEvents(Checked<EventInstance>(model, eventIds));
     copy.setStatement(Find<BehaviourStatement>(model, statementId));
     return Store(model, copy);
 }
@@ -83,7 +83,7 @@ om::Oid constructEventInstance(om::ObjectModel& model, std::string const& portNa
         copy.setName(portName + "." + eventName);
     }
     copy.setParentheses(parentheses);
-    copy.addToArguments(argumentIds);
+    copy.addToArguments(Checked<Expression>(model, argumentIds));
     return Store(model, copy);
 }
 

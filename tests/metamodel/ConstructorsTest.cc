@@ -39,6 +39,17 @@ TEST_F(ConstructorsTest, EventDeclarations) {
     EXPECT_EQ(typed.toConstVec().getParametersOid(), (std::vector<om::Oid>{b, a}));
 }
 
+TEST_F(ConstructorsTest, IdsMustNameObjectsOfTheMembersClass) {
+    auto const expression = constructIntConstantExpression(model, 1);
+    auto const statement = constructReturnStatement(model, 0);
+    EXPECT_THROW(constructEventDeclaration(model, edirIn, "void", "e", {expression}),
+                 om::OMException);
+    EXPECT_THROW(constructGuardedStatement(model, expression, statement), om::OMException);
+    EXPECT_THROW(constructIfStatement(model, statement, statement, 0), om::OMException);
+    EXPECT_THROW(constructEventInstance(model, "p", "e", true, {statement}), om::OMException);
+    EXPECT_THROW(constructReturnStatement(model, 424242), om::OMException);
+}
+
 TEST_F(ConstructorsTest, FunctionsAndBehavioursGetAnEmptyCompound) {
     auto const& function = find<FunctionDeclaration>(
         constructFunctionDeclaration(model, "void", "f", {parameter("x")}));
