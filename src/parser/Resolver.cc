@@ -2,12 +2,10 @@
 
 #include "metamodel/BuiltinDeclarations.h"
 
-#include <cstdint>
-
 namespace language {
 
 Resolver::Resolver(om::ObjectModel& model, std::vector<kel::File const*>* files)
-    : m_model(model), m_files(files) {}
+    : ParserBase(model, files) {}
 
 bool Resolver::resolveAllReferences() {
     kel::Root const& root = kel::GetRoot(m_model);
@@ -93,24 +91,13 @@ bool Resolver::checkNewName(Scope const& scope, std::string const& name, locatio
     }
     error(where, "identifier declared before: " + q(name));
     auto const* declared = dynamic_cast<kel::Location const*>(m_model.tryFind(previous));
-    error(declared != nullptr ? locationOf(*declared) : location{},
+    error(declared != nullptr ? getLocation(*declared) : location{},
           "previous " + q(name) + " defined here");
     return FALSE();
 }
 
 bool Resolver::checkNewName(Scope const& scope, kel::Named const& object) {
-    return checkNewName(scope, object.getName(), locationOf(object));
-}
-
-location Resolver::locationOf(kel::Location const& object) {
-    kel::File const* file = object.tryGetFile();
-    std::string const* name = file != nullptr ? &file->getName() : nullptr;
-    location where;
-    where.begin = position{name, static_cast<std::uint32_t>(object.getLine()),
-                           static_cast<std::uint32_t>(object.getColumn())};
-    where.end = position{name, static_cast<std::uint32_t>(object.getEndLine()),
-                         static_cast<std::uint32_t>(object.getEndColumn())};
-    return where;
+    return checkNewName(scope, object.getName(), getLocation(object));
 }
 
 } // namespace language

@@ -169,12 +169,9 @@ private:
                       kel::ParameterDeclaration const& parameter, OnEventScope& bound);
     kel::EventDeclaration const* tryGetBuiltinEvent(kel::EventInstance const& instance);
 
-    // The location of a tree object, as errors show it.
-    static location locationOf(kel::Location const& object);
     void errorAt(kel::Location const& object, std::string const& message) {
-        error(locationOf(object), message);
+        error(getLocation(object), message);
     }
-    static void copyLocation(kel::Location& target, kel::Location const& source);
     // A new stored object of class T, with the location of `at`.
     template <class T> T newAt(kel::Location const& at);
     template <class T> T const& store(T const& copy);
@@ -183,8 +180,6 @@ private:
     Scope const& scopeOf(om::Oid id) const;
     static bool isBuiltin(kel::EventInstance const& instance);
 
-    om::ObjectModel& m_model;
-    std::vector<kel::File const*>* m_files;
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;
 };
 
@@ -224,7 +219,7 @@ bool Resolver::resolveByName(Reference const& reference, std::string const& name
 
 template <class T> T Resolver::newAt(kel::Location const& at) {
     T created(om::AsType<T>(*m_model.createRecursive(T::ClassName)));
-    copyLocation(created, at);
+    setLocation(created, at);
     return created;
 }
 

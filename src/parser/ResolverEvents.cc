@@ -183,7 +183,7 @@ bool Resolver::bindTriggerArgument(kel::Expression const& argument,
             errorAt(argument, "Variable expected");
             return FALSE();
         }
-        if (!checkNewName(triggerScope, text, locationOf(argument))) {
+        if (!checkNewName(triggerScope, text, getLocation(argument))) {
             return FALSE();
         }
         kel::VariableReference const& reference = replaceByVariableExpression(*name).getVariable();

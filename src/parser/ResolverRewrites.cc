@@ -13,26 +13,12 @@ std::vector<om::Oid> argumentIds(kel::NameExpression const& expression) {
 
 } // namespace
 
-void Resolver::copyLocation(kel::Location& target, kel::Location const& source) {
-    target.setBeginLine(source.getBeginLine());
-    target.setBeginColumn(source.getBeginColumn());
-    target.setEndLine(source.getEndLine());
-    target.setEndColumn(source.getEndColumn());
-    target.setLine(source.getLine());
-    target.setColumn(source.getColumn());
-    if (source.hasFile()) {
-        target.setFile(source.getFileOid());
-    } else {
-        target.clearFile();
-    }
-}
-
 // Names a stored reference and gives it a location.
 void Resolver::nameAt(om::Oid id, std::string const& name, kel::Location const& at) {
     std::unique_ptr<om::Object> copy = m_model.find(id)->clone();
     auto& named = dynamic_cast<kel::Named&>(*copy);
     named.setName(name);
-    copyLocation(named, at);
+    setLocation(named, at);
     m_model.update(named);
 }
 
@@ -74,7 +60,7 @@ kel::ActionExpression const& Resolver::replaceByActionExpression(kel::NameExpres
     std::size_t dot = name.find('.');
     kel::EventInstance instance(created.getEvent());
     instance.setName(name);
-    copyLocation(instance, old);
+    setLocation(instance, old);
     instance.setParentheses(old.getParentheses());
     nameAt(instance.getEventOid(), dot == std::string::npos ? name : name.substr(dot + 1), old);
     if (dot != std::string::npos) {

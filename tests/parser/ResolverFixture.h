@@ -33,6 +33,7 @@ protected:
         copy.addToFiles(file);
         model.update(copy);
         m_file = file;
+        files.push_back(&get<kel::File>(file));
         m_default = kel::GetDefaultNamespace(model)->getOid();
     }
 
