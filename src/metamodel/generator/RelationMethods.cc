@@ -56,10 +56,10 @@ Methods SingleMethods(Member const& member) {
     return methods;
 }
 
-Methods UnboundedMethods(Member const& member) {
+// Each change works on a copy of the value and stores it back.
+Methods UnboundedChanges(Member const& member) {
     auto const& m = member.name;
     auto const key = member.keyConstant();
-    auto const vec = VecName(member.type);
     return {
         {.result = "void",
          .name = "set" + m,
@@ -85,6 +85,13 @@ Methods UnboundedMethods(Member const& member) {
          .name = "removeFrom" + m,
          .parameters = "om::Oid id",
          .body = "RemoveChildId(*this, " + key + ", id);"},
+    };
+}
+
+Methods UnboundedQueries(Member const& member) {
+    auto const& m = member.name;
+    auto const vec = VecName(member.type);
+    return {
         {.result = "bool",
          .name = "has" + m,
          .isConst = true,
@@ -121,8 +128,12 @@ Methods RelationMethods(ClassDef const& cls) {
         if (member.isProperty()) {
             continue;
         }
-        auto const more = member.isUnbounded() ? UnboundedMethods(member) : SingleMethods(member);
-        methods.insert(methods.end(), more.begin(), more.end());
+        auto const families = member.isUnbounded() ? std::vector<Methods>{UnboundedChanges(member),
+                                                                          UnboundedQueries(member)}
+                                                   : std::vector<Methods>{SingleMethods(member)};
+        for (auto const& more : families) {
+            methods.insert(methods.end(), more.begin(), more.end());
+        }
     }
     return methods;
 }
