@@ -1,0 +1,157 @@
+#include "metamodel/TreePredicates.h"
+
+#include "metamodel/BuiltinDeclarations.h"
+
+#include <algorithm>
+
+namespace kel {
+namespace {
+
+bool SameDeclaration(EventReference const& a, EventReference const& b) {
+    return a.hasDeclaration() && b.hasDeclaration() &&
+           a.getDeclarationOid() == b.getDeclarationOid();
+}
+
+bool SamePort(EventInstance const& a, EventInstance const& b) {
+    if (!a.hasPort() || !b.hasPort()) {
+        return a.hasPort() == b.hasPort();
+    }
+    auto const& portA = a.getPort();
+    auto const& portB = b.getPort();
+    return portA.hasDeclaration() && portB.hasDeclaration() &&
+           portA.getDeclarationOid() == portB.getDeclarationOid();
+}
+
+// The statements of the compound, each blocking statement replaced by its content.
+ConstBehaviourStatementVec UnblockedStatements(CompoundStatement const& compound) {
+    ConstBehaviourStatementVec result;
+    for (auto const* statement : compound.getStatements()) {
+        auto const* blocking = statement->asBlockingStatement();
+        result.push_back(blocking == nullptr ? statement : &blocking->getStatement());
+    }
+    return result;
+}
+
+template <class T> bool AnyIs(ConstBehaviourStatementVec const& statements) {
+    return std::any_of(statements.begin(), statements.end(), [](BehaviourStatement const* s) {
+        return dynamic_cast<T const*>(s) != nullptr;
+    });
+}
+
+EventInstance const* ActionInstanceOf(Expression const* expression) {
+    auto const* action = dynamic_cast<ActionExpression const*>(expression);
+    return action == nullptr ? nullptr : &action->getEvent();
+}
+
+} // namespace
+
+bool IsBuiltin(EventDeclaration const& event) {
+    auto const& name = event.getName();
+    return name == "illegal" || name == "optional" || name == "inevitable";
+}
+
+bool IsBuiltin(EventReference const& event) {
+    auto const* declaration = event.tryGetDeclaration();
+    return declaration != nullptr && IsBuiltin(*declaration);
+}
+
+bool IsBuiltin(EventInstance const& instance) { return IsBuiltin(instance.getEvent()); }
+
+bool IsBuiltin(OnEventStatement const& statement) {
+    return TryGetBuiltinEventInstance(statement) != nullptr;
+}
+
+bool IsBool(TypeDeclaration const& type) { return type.getName() == "bool"; }
+
+bool IsDefaultInterface(InterfaceDeclaration const& interface) {
+    auto const* defaultInterface = GetDefaultInterface(interface.getOwner());
+    return defaultInterface != nullptr && defaultInterface->getOid() == interface.getOid();
+}
+
+bool IsIllegal(EventInstance const& instance) {
+    auto const* illegal = GetIllegalEvent(instance.getOwner());
+    auto const& event = instance.getEvent();
+    return illegal != nullptr && event.hasDeclaration() &&
+           event.getDeclarationOid() == illegal->getOid();
+}
+
+bool IsIllegal(BehaviourStatement const& statement) {
+    auto const* action = statement.asActionStatement();
+    return action != nullptr && action->getExpression().getEvent().getName() == "illegal";
+}
+
+bool IsImperative(BehaviourStatement const& statement) {
+    return statement.asActionStatement() != nullptr ||
+           statement.asAssignmentStatement() != nullptr ||
+           statement.asVariableDeclarationStatement() != nullptr ||
+           statement.asIfStatement() != nullptr || statement.asReplyStatement() != nullptr ||
+           statement.asReturnStatement() != nullptr ||
+           statement.asFunctionCallStatement() != nullptr;
+}
+
+bool IsDeclarative(CompoundStatement const& compound) {
+    auto const statements = UnblockedStatements(compound);
+    if (AnyIs<GuardedStatement>(statements) || AnyIs<OnEventStatement>(statements)) {
+        return true;
+    }
+    auto const nested = statements.asCompoundStatement();
+    return !nested.empty() && IsDeclarative(*nested.front());
+}
+
+bool IsDataVariable(VariableDeclaration const& variable) {
+    auto const* type = variable.getType().tryGetDeclaration();
+    return type != nullptr && type->asDataTypeDeclaration() != nullptr;
+}
+
+bool IsStateVariable(VariableDeclaration const& variable) { return !IsDataVariable(variable); }
+
+bool IsEqual(EventInstance const& a, EventInstance const& b) {
+    return SameDeclaration(a.getEvent(), b.getEvent()) && SamePort(a, b);
+}
+
+EventInstance const* tryGetActionEventInstance(BehaviourStatement const& statement) {
+    if (auto const* action = statement.asActionStatement()) {
+        return &action->getExpression().getEvent();
+    }
+    if (auto const* assignment = statement.asAssignmentStatement()) {
+        return ActionInstanceOf(assignment->tryGetValue());
+    }
+    if (auto const* declaration = statement.asVariableDeclarationStatement()) {
+        return ActionInstanceOf(declaration->getVariable().tryGetInitialValue());
+    }
+    return nullptr;
+}
+
+EventInstance const* TryGetBuiltinEventInstance(OnEventStatement const& statement) {
+    for (auto const* instance : statement.getEvents()) {
+        if (IsBuiltin(*instance)) {
+            return instance;
+        }
+    }
+    return nullptr;
+}
+
+EventInstance const* TryGetEventInstance(OnEventStatement const& statement,
+                                         std::string const& name) {
+    for (auto const* instance : statement.getEvents()) {
+        if (instance->getName() == name) {
+            return instance;
+        }
+    }
+    return nullptr;
+}
+
+ConstOnEventStatementVec FindOnEventStatementsByName(ConstOnEventStatementVec const& statements,
+                                                     std::string const& name) {
+    ConstOnEventStatementVec result;
+    for (auto const* statement : statements) {
+        for (auto const* instance : statement->getEvents()) {
+            if (instance->getName() == name) {
+                result.push_back(statement);
+            }
+        }
+    }
+    return result;
+}
+
+} // namespace kel

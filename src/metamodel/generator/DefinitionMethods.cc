@@ -1,0 +1,91 @@
+#include "ClassMethods.h"
+
+#include <algorithm>
+
+namespace kel::gen {
+namespace {
+
+std::string DefinitionBase(ClassDef const& cls) {
+    return cls.hasRootBase() ? "om::ObjectDefinition" : cls.base + "Definition";
+}
+
+std::string Define(Schema const& schema, std::string const& x, Member const& member) {
+    auto const key = x + "::" + member.keyConstant();
+    auto const target = "\"kel::" + member.type + "\"";
+    switch (member.kind) {
+    case MemberKind::Property:
+        return "defineProperty(" + key + ", om::PropertyDefinition(" +
+               schema.getPropertyType(member.type).enumerator + ", PropertyValue(" +
+               member.defaultValue + "), om::sfSerialized, om::ufNoUndo));";
+    case MemberKind::Composition:
+        return "defineComposition(" + key + ", om::CompositionDefinition(" + target + ", " +
+               std::to_string(member.min) + ", " + std::to_string(member.max) +
+               ", om::sfSerialized));";
+    case MemberKind::Association:
+        return "defineAssociation(" + key + ", om::AssociationDefinition(" + target +
+               ", om::AssociationDefinition::atZeroOne, " + std::to_string(member.max) +
+               ", om::sfSerialized));";
+    }
+    return {};
+}
+
+void AddUnique(std::vector<std::string>& names, std::string const& name) {
+    if (std::find(names.begin(), names.end(), name) == names.end()) {
+        names.push_back(name);
+    }
+}
+
+} // namespace
+
+Methods DefinitionMethods(Schema const& schema, ClassDef const& cls) {
+    auto const& x = cls.name;
+    std::string body;
+    for (auto const& member : cls.members) {
+        body += Define(schema, x, member) + "\n";
+    }
+    return {
+        {"", x + "Definition", "", false, "", "", "", body},
+        {"std::string const&", "getClassName", "", true, "override", "", "",
+         "return " + x + "::ClassName;"},
+        {"bool", "isDerivedFrom", "std::string const& name", true, "override", "", "",
+         "return name == " + x + "::ClassName || " + DefinitionBase(cls) +
+             "::isDerivedFrom(name);"},
+    };
+}
+
+std::vector<std::string> ObjClasses(Schema const& schema, ClassDef const& cls) {
+    std::vector<std::string> names;
+    for (auto const& member : cls.members) {
+        if (member.isComposition()) {
+            for (auto const* y : schema.classAndDescendants(member.type)) {
+                AddUnique(names, y->name);
+            }
+        }
+    }
+    return names;
+}
+
+std::vector<std::string> ReferencedClasses(Schema const& schema, ClassDef const& cls) {
+    auto names = ObjClasses(schema, cls);
+    auto addTargets = [&](ClassDef const& owner) {
+        for (auto const& member : owner.members) {
+            if (!member.isProperty()) {
+                AddUnique(names, member.type);
+            }
+        }
+    };
+    addTargets(cls);
+    if (!cls.hasRootBase()) {
+        addTargets(schema.getClass(cls.base));
+    }
+    for (auto const* sub : schema.directSubclasses(cls.name)) {
+        AddUnique(names, sub->name);
+    }
+    for (auto const* ancestor : schema.ancestors(cls.name)) {
+        AddUnique(names, ancestor->name);
+    }
+    std::erase(names, cls.name);
+    return names;
+}
+
+} // namespace kel::gen

@@ -1,0 +1,83 @@
+#include "Schema.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace kel::gen {
+
+std::string Member::keyConstant() const {
+    switch (kind) {
+    case MemberKind::Property:
+        return name + "Property";
+    case MemberKind::Composition:
+        return name + "Composition";
+    case MemberKind::Association:
+        return name + "Association";
+    }
+    return name;
+}
+
+bool ClassDef::hasProperties() const {
+    return std::any_of(members.begin(), members.end(),
+                       [](Member const& member) { return member.isProperty(); });
+}
+
+ClassDef const& Schema::getClass(std::string const& name) const {
+    for (auto const& cls : classes) {
+        if (cls.name == name) {
+            return cls;
+        }
+    }
+    throw std::runtime_error("unknown class " + name);
+}
+
+PropertyTypeRow const& Schema::getPropertyType(std::string const& name) const {
+    for (auto const& type : propertyTypes) {
+        if (type.name == name) {
+            return type;
+        }
+    }
+    throw std::runtime_error("unknown property type " + name);
+}
+
+std::vector<ClassDef const*> Schema::directSubclasses(std::string const& name) const {
+    std::vector<ClassDef const*> result;
+    for (auto const& cls : classes) {
+        if (cls.base == name) {
+            result.push_back(&cls);
+        }
+    }
+    return result;
+}
+
+std::vector<ClassDef const*> Schema::classAndDescendants(std::string const& name) const {
+    std::vector<ClassDef const*> result;
+    for (auto const& cls : classes) {
+        if (isDerivedFrom(cls.name, name)) {
+            result.push_back(&cls);
+        }
+    }
+    return result;
+}
+
+std::vector<ClassDef const*> Schema::ancestors(std::string const& name) const {
+    std::vector<ClassDef const*> result;
+    for (auto const* cls = &getClass(name); !cls->hasRootBase();) {
+        cls = &getClass(cls->base);
+        result.push_back(cls);
+    }
+    return result;
+}
+
+bool Schema::isDerivedFrom(std::string const& name, std::string const& ancestor) const {
+    for (auto const* cls = &getClass(name);; cls = &getClass(cls->base)) {
+        if (cls->name == ancestor) {
+            return true;
+        }
+        if (cls->hasRootBase()) {
+            return false;
+        }
+    }
+}
+
+} // namespace kel::gen

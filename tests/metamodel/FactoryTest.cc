@@ -1,0 +1,54 @@
+// The factory makes every class of the metamodel by name and nothing else.
+#include "metamodel/Factory.h"
+#include "metamodel/FactoryTable.h"
+#include "metamodel/ParameterDeclaration.h"
+#include "om/OMException.h"
+
+#include <gtest/gtest.h>
+
+namespace kel {
+namespace {
+
+TEST(FactoryTest, CreatesEveryClassWithItsMembersInitialised) {
+    Factory factory;
+    for (auto const& entry : FactoryEntries()) {
+        auto const& name = *entry.className;
+        ASSERT_TRUE(factory.canCreate(name)) << name;
+        auto const object = factory.create(name);
+        EXPECT_EQ(object->getClassName(), name);
+        EXPECT_EQ(object->getCompositions().size(), object->getCompositionDefs().size()) << name;
+        EXPECT_EQ(object->getAssociations().size(), object->getAssociationDefs().size()) << name;
+    }
+}
+
+TEST(FactoryTest, BaseClassesAreCreatable) {
+    Factory factory;
+    EXPECT_TRUE(factory.canCreate("kel::Location"));
+    EXPECT_TRUE(factory.canCreate("kel::Expression"));
+    EXPECT_EQ(factory.create("kel::Location")->getClassName(), "kel::Location");
+}
+
+TEST(FactoryTest, UnknownNamesAreRefused) {
+    Factory factory;
+    for (std::string const name : {"", "IfStatement", "kel::Unknown", "om::Object", "KEL::File"}) {
+        EXPECT_FALSE(factory.canCreate(name)) << name;
+    }
+    try {
+        factory.create("kel::Unknown");
+        FAIL() << "no exception";
+    } catch (om::OMException const& error) {
+        EXPECT_STREQ(error.what(), "Unkown class name \"kel::Unknown\"");
+    }
+}
+
+TEST(FactoryTest, NewObjectsCarryTheDefaults) {
+    Factory factory;
+    auto const object = factory.create("kel::ParameterDeclaration");
+    auto const& parameter = dynamic_cast<ParameterDeclaration const&>(*object);
+    EXPECT_EQ(parameter.getDirection(), pdirIn);
+    EXPECT_EQ(parameter.getName(), "");
+    EXPECT_EQ(parameter.getLine(), 0);
+}
+
+} // namespace
+} // namespace kel
