@@ -1,0 +1,16 @@
+// How a port faces its component: provided or required, and how it is connected.
+#pragma once
+
+#include "parser/MetamodelEnums.h"
+
+namespace language {
+
+struct Direction {
+    kel::PortDirection direction = kel::idirUnknown;
+    bool injected = false;
+    bool external = false;
+
+    friend bool operator==(Direction const&, Direction const&) = default;
+};
+
+} // namespace language

@@ -1,0 +1,129 @@
+#include "parser/ParserBase.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <sstream>
+
+namespace {
+
+using language::location;
+using language::Name;
+using language::Names;
+using language::ParserBase;
+
+// A location in the given file from line.column to line.column.
+location at(std::string const* file, std::uint32_t line, std::uint32_t column,
+            std::uint32_t endLine, std::uint32_t endColumn) {
+    location result;
+    result.begin = {file, line, column};
+    result.end = {file, endLine, endColumn};
+    return result;
+}
+
+std::string printed(ParserBase const& base) {
+    std::ostringstream out;
+    base.printErrors(out);
+    return out.str();
+}
+
+TEST(ParserBaseErrorsTest, PrintsOneLinePerErrorInTheOrderOfReporting) {
+    std::string const file = "src/a.kel";
+    ParserBase base;
+    base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
+    base.error(at(nullptr, 1, 1, 1, 1), "cannot open 'x.kel'");
+    base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
+    EXPECT_TRUE(base.hasErrors());
+    EXPECT_EQ(printed(base), "src/a.kel:3:5: syntax error, unexpected ;\n"
+                             ": cannot open 'x.kel'\n"
+                             "src/a.kel:3:5: syntax error, unexpected ;\n");
+    base.clearErrors();
+    EXPECT_FALSE(base.hasErrors());
+    EXPECT_EQ(printed(base), "");
+}
+
+TEST(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
+    ParserBase base;
+    {
+        auto file = std::make_unique<std::string>("gone.kel");
+        base.error(at(file.get(), 2, 7, 2, 9), "message");
+    }
+    ParserBase copy;
+    copy.importErrors(base);
+    base.clearErrors();
+    EXPECT_EQ(printed(copy), "gone.kel:2:7: message\n");
+    EXPECT_EQ(*copy.errors().front().location().end.filename, "gone.kel");
+}
+
+TEST(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
+    std::string const file = "a.kel";
+    ParserBase importer, imported;
+    importer.error(at(&file, 1, 1, 1, 2), "first");
+    imported.error(at(&file, 2, 1, 2, 2), "second");
+    imported.error(at(&file, 3, 1, 3, 2), "third");
+    importer.importErrors(imported);
+    EXPECT_EQ(printed(importer), "a.kel:1:1: first\na.kel:2:1: second\na.kel:3:1: third\n");
+    EXPECT_EQ(imported.errors().size(), 2u);
+}
+
+TEST(ParserBaseTest, AsStringShowsTheBeginOrNothingWithoutAFile) {
+    std::string const file = "m.kel";
+    EXPECT_EQ(ParserBase::asString(at(&file, 12, 34, 13, 1)), "m.kel:12:34");
+    EXPECT_EQ(ParserBase::asString(at(nullptr, 12, 34, 13, 1)), "");
+}
+
+TEST(ParserBaseTest, QuotesNamesWithApostrophes) {
+    EXPECT_EQ(ParserBase::q("x"), "'x'");
+    EXPECT_EQ(ParserBase::q(""), "''");
+    EXPECT_FALSE(ParserBase::FALSE());
+}
+
+class NameHelpersTest : public testing::Test {
+protected:
+    std::string const file = "n.kel";
+    Name a{"a", at(&file, 1, 1, 1, 2)};
+    Name b{"b", at(&file, 1, 3, 1, 4)};
+    Name c{"c", at(&file, 2, 5, 2, 7)};
+    Name none{};
+};
+
+TEST_F(NameHelpersTest, ConcatNamesJoinsWithDotsAndSpansAllParts) {
+    Name joined = ParserBase::concatNames(Names{a, b, c});
+    EXPECT_EQ(joined.name, "a.b.c");
+    EXPECT_EQ(joined.location.begin, a.location.begin);
+    EXPECT_EQ(joined.location.end, c.location.end);
+    EXPECT_EQ(ParserBase::concatNames(Names{}), none);
+    EXPECT_EQ(ParserBase::concatNames(a, c), ParserBase::concatNames(Names{a, c}));
+    EXPECT_EQ(ParserBase::concatNameIds(Names{a, b, c}), "a.b.c");
+    EXPECT_EQ(ParserBase::concatNameIds(Names{Name{"", a.location}, b}), ".b");
+}
+
+TEST_F(NameHelpersTest, PartsOfACompoundName) {
+    EXPECT_EQ(ParserBase::prepartName(Names{a, b, c}).name, "a.b");
+    EXPECT_EQ(ParserBase::prepartName(Names{a, b, c}).location.end, b.location.end);
+    EXPECT_EQ(ParserBase::prepartName(Names{a}), none);
+    EXPECT_EQ(ParserBase::tailName(Names{a, b, c}).name, "b.c");
+    EXPECT_EQ(ParserBase::tailName(Names{a, b, c}).location.begin, b.location.begin);
+    EXPECT_EQ(ParserBase::tail(Names{a, b, c}), (Names{b, c}));
+    EXPECT_EQ(ParserBase::tail(Names{a}), Names{});
+    EXPECT_EQ(ParserBase::firstName(Names{a, b}), a);
+    EXPECT_EQ(ParserBase::lastName(Names{a, b}), b);
+    EXPECT_EQ(ParserBase::firstName(Names{}), none);
+    EXPECT_EQ(ParserBase::lastName(Names{}), none);
+}
+
+TEST_F(NameHelpersTest, OnlyASingleNameIsAVariable) {
+    EXPECT_TRUE(ParserBase::isVariable(Names{a}));
+    EXPECT_FALSE(ParserBase::isVariable(Names{a, b}));
+    EXPECT_FALSE(ParserBase::isVariable(Names{}));
+}
+
+TEST_F(NameHelpersTest, ADefaultNameIsEmptyWithoutFileAtLineOneColumnOne) {
+    EXPECT_EQ(none.name, "");
+    EXPECT_EQ(none.location.begin.filename, nullptr);
+    EXPECT_EQ(none.location.begin.line, 1u);
+    EXPECT_EQ(none.location.end.column, 1u);
+    EXPECT_EQ(ParserBase::createName("x", c.location), (Name{"x", c.location}));
+}
+
+} // namespace

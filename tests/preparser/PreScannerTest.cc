@@ -1,0 +1,141 @@
+#include "preparser/PreScanner.h"
+#include "preparser/PreBisonParser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+using token = pre::PreBisonParser::token;
+
+// One scanned terminal: its code, its value as text, and its span.
+struct Scanned {
+    int code;
+    std::string value;
+    std::uint32_t beginLine, beginColumn, endLine, endColumn;
+
+    friend bool operator==(Scanned const&, Scanned const&) = default;
+};
+
+void PrintTo(Scanned const& s, std::ostream* out) {
+    *out << "{" << s.code << " '" << s.value << "' " << s.beginLine << "." << s.beginColumn << "-"
+         << s.endLine << "." << s.endColumn << "}";
+}
+
+// Takes the value out of the variant, which would otherwise leak it.
+std::string takeValue(int code, pre::PreBisonParser::semantic_type& value) {
+    if (code == token::TOK_INTEGER) {
+        return std::to_string(value.as<std::int32_t>());
+    }
+    if (code == token::TOK_IMPORT || code == token::TOK_IDENTIFIER ||
+        code == token::TOK_DATASTRING) {
+        std::string text = value.as<std::string>();
+        value.destroy<std::string>();
+        return text;
+    }
+    return "";
+}
+
+// Every terminal up to and including the end of the input.
+std::vector<Scanned> scan(std::string const& source) {
+    std::istringstream in(source);
+    pre::PreScanner scanner(&in, nullptr);
+    pre::location loc;
+    std::vector<Scanned> result;
+    int code;
+    do {
+        pre::PreBisonParser::semantic_type value;
+        code = scanner.lex(&value, &loc);
+        result.push_back({code, takeValue(code, value), loc.begin.line, loc.begin.column,
+                          loc.end.line, loc.end.column});
+    } while (code != token::TOK_END);
+    return result;
+}
+
+struct ScanCase {
+    std::string source;
+    std::vector<Scanned> expected;
+};
+
+void PrintTo(ScanCase const& c, std::ostream* out) { *out << testing::PrintToString(c.source); }
+
+class PreScannerTest : public testing::TestWithParam<ScanCase> {};
+
+TEST_P(PreScannerTest, YieldsTerminalsWithValuesAndSpans) {
+    EXPECT_THAT(scan(GetParam().source), testing::ElementsAreArray(GetParam().expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Terminals, PreScannerTest,
+    testing::Values(
+        ScanCase{"", {{token::TOK_END, "", 1, 1, 1, 1}}},
+        ScanCase{"import  foo.kel ;",
+                 {{token::TOK_IMPORT, "import  foo.kel ;", 1, 1, 1, 18},
+                  {token::TOK_END, "", 1, 18, 1, 18}}},
+        ScanCase{"{}.;",
+                 {{token::TOK_LBRACE, "", 1, 1, 1, 2},
+                  {token::TOK_RBRACE, "", 1, 2, 1, 3},
+                  {token::TOK_DOT, "", 1, 3, 1, 4},
+                  {token::TOK_SEMICOLON, "", 1, 4, 1, 5},
+                  {token::TOK_END, "", 1, 5, 1, 5}}},
+        ScanCase{"namespace interface component enum",
+                 {{token::TOK_NAMESPACE, "", 1, 1, 1, 10},
+                  {token::TOK_INTERFACE, "", 1, 11, 1, 20},
+                  {token::TOK_COMPONENT, "", 1, 21, 1, 30},
+                  {token::TOK_IDENTIFIER, "enum", 1, 31, 1, 35},
+                  {token::TOK_END, "", 1, 35, 1, 35}}},
+        ScanCase{"0..5]",
+                 {{token::TOK_INTEGER, "0", 1, 1, 1, 2},
+                  {token::TOK_DOT, "", 1, 2, 1, 3},
+                  {token::TOK_DOT, "", 1, 3, 1, 4},
+                  {token::TOK_SPECIAL, "", 1, 4, 1, 6},
+                  {token::TOK_END, "", 1, 6, 1, 6}}},
+        ScanCase{"-1 (1) 1+2 42",
+                 {{token::TOK_SPECIAL, "", 1, 1, 1, 3},
+                  {token::TOK_SPECIAL, "", 1, 4, 1, 7},
+                  {token::TOK_SPECIAL, "", 1, 8, 1, 11},
+                  {token::TOK_INTEGER, "42", 1, 12, 1, 14},
+                  {token::TOK_END, "", 1, 14, 1, 14}}},
+        ScanCase{"4294967297",
+                 {{token::TOK_INTEGER, "1", 1, 1, 1, 11}, {token::TOK_END, "", 1, 11, 1, 11}}},
+        ScanCase{"$a\nb$ x",
+                 {{token::TOK_DATASTRING, "$a\nb$", 1, 1, 1, 6},
+                  {token::TOK_IDENTIFIER, "x", 1, 7, 1, 8},
+                  {token::TOK_END, "", 1, 8, 1, 8}}},
+        ScanCase{"// c\n/* a\n*/x",
+                 {{token::TOK_IDENTIFIER, "x", 3, 1, 3, 4}, {token::TOK_END, "", 3, 4, 3, 4}}},
+        ScanCase{"/* open", {{token::TOK_END, "", 1, 1, 1, 8}}},
+        ScanCase{"import\nfoo.kel;",
+                 {{token::TOK_IDENTIFIER, "import", 1, 1, 1, 7},
+                  {token::TOK_IDENTIFIER, "foo", 2, 1, 2, 4},
+                  {token::TOK_DOT, "", 2, 4, 2, 5},
+                  {token::TOK_IDENTIFIER, "kel", 2, 5, 2, 8},
+                  {token::TOK_SEMICOLON, "", 2, 8, 2, 9},
+                  {token::TOK_END, "", 2, 9, 2, 9}}},
+        ScanCase{"#$x",
+                 {{'#', "", 1, 1, 1, 2},
+                  {'$', "", 1, 2, 1, 3},
+                  {token::TOK_IDENTIFIER, "x", 1, 3, 1, 4},
+                  {token::TOK_END, "", 1, 4, 1, 4}}},
+        ScanCase{"\xc3\xa4",
+                 {{token::TOK_YYUNDEF, "", 1, 1, 1, 2},
+                  {token::TOK_YYUNDEF, "", 1, 2, 1, 3},
+                  {token::TOK_END, "", 1, 3, 1, 3}}}));
+
+// A stream whose reading fails outright, as a broken device would.
+struct FailingBuffer : std::streambuf {
+    int_type underflow() override { throw std::ios_base::failure("device gone"); }
+};
+
+TEST(PreScannerFailureTest, AFailingStreamThrowsInsteadOfEndingTheProcess) {
+    FailingBuffer buffer;
+    std::istream in(&buffer);
+    pre::PreScanner scanner(&in, nullptr);
+    pre::location loc;
+    pre::PreBisonParser::semantic_type value;
+    EXPECT_THROW(scanner.lex(&value, &loc), std::runtime_error);
+}
+
+} // namespace
