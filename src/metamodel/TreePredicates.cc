@@ -69,10 +69,14 @@ bool IsDefaultInterface(InterfaceDeclaration const& interface) {
 }
 
 bool IsIllegal(EventInstance const& instance) {
+    auto const* declaration = instance.getEvent().tryGetDeclaration();
+    // The interpreter asks this for every action; the name rules out most
+    // events before the store is searched.
+    if (declaration == nullptr || declaration->getName() != "illegal") {
+        return false;
+    }
     auto const* illegal = GetIllegalEvent(instance.getOwner());
-    auto const& event = instance.getEvent();
-    return illegal != nullptr && event.hasDeclaration() &&
-           event.getDeclarationOid() == illegal->getOid();
+    return illegal != nullptr && illegal->getOid() == declaration->getOid();
 }
 
 bool IsIllegal(BehaviourStatement const& statement) {

@@ -44,12 +44,19 @@ Methods DefinitionMethods(Schema const& schema, ClassDef const& cls) {
         body += Define(schema, x, member) + "\n";
     }
     return {
-        {"", x + "Definition", "", false, "", "", "", body},
-        {"std::string const&", "getClassName", "", true, "override", "", "",
-         "return " + x + "::ClassName;"},
-        {"bool", "isDerivedFrom", "std::string const& name", true, "override", "", "",
-         "return name == " + x + "::ClassName || " + DefinitionBase(cls) +
-             "::isDerivedFrom(name);"},
+        {.name = x + "Definition", .body = body},
+        {.result = "std::string const&",
+         .name = "getClassName",
+         .isConst = true,
+         .specifier = "override",
+         .body = "return " + x + "::ClassName;"},
+        {.result = "bool",
+         .name = "isDerivedFrom",
+         .parameters = "std::string const& name",
+         .isConst = true,
+         .specifier = "override",
+         .body = "return name == " + x + "::ClassName || " + DefinitionBase(cls) +
+                 "::isDerivedFrom(name);"},
     };
 }
 

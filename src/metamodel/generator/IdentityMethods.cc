@@ -30,22 +30,36 @@ Methods IdentityMethods(ClassDef const& cls) {
     auto const& x = cls.name;
     auto const& base = cls.base;
     Methods methods;
-    methods.push_back({"", x, "", false, "", "", base + "(true)" + DefaultInitializers(cls),
-                       "initializeMembers(getDefinition());"});
-    methods.push_back({"", x, "bool flag", false, "", "explicit ",
-                       base + "(flag)" + DefaultInitializers(cls), ""});
+    methods.push_back({.name = x,
+                       .initializers = base + "(true)" + DefaultInitializers(cls),
+                       .body = "initializeMembers(getDefinition());"});
+    methods.push_back({.name = x,
+                       .parameters = "bool flag",
+                       .prefix = "explicit ",
+                       .initializers = base + "(flag)" + DefaultInitializers(cls)});
+    methods.push_back({.name = x,
+                       .parameters = x + " const& other",
+                       .initializers = base + "(other)" + CopyInitializers(cls)});
     methods.push_back(
-        {"", x, x + " const& other", false, "", "", base + "(other)" + CopyInitializers(cls), ""});
-    methods.push_back(
-        {x + "&", "operator=", x + " const& other", false, "", "", "",
-         "if (this != &other) {\n    om::Object::operator=(other);\n}\nreturn *this;"});
-    methods.push_back({"std::unique_ptr<om::Object>", "clone", "", true, "override", "", "",
-                       "return std::make_unique<" + x + ">(*this);"});
-    methods.push_back({"om::ObjectDefinition const&", "getDefinition", "", true, "override", "", "",
-                       "if (Definition == nullptr) {\n    Definition = new " + x +
-                           "Definition();\n}\nreturn *Definition;"});
-    methods.push_back({VecName(x), "toConstVec", "", true, "", "", "",
-                       VecName(x) + " result;\nresult.push_back(this);\nreturn result;"});
+        {.result = x + "&",
+         .name = "operator=",
+         .parameters = x + " const& other",
+         .body = "if (this != &other) {\n    om::Object::operator=(other);\n}\nreturn *this;"});
+    methods.push_back({.result = "std::unique_ptr<om::Object>",
+                       .name = "clone",
+                       .isConst = true,
+                       .specifier = "override",
+                       .body = "return std::make_unique<" + x + ">(*this);"});
+    methods.push_back({.result = "om::ObjectDefinition const&",
+                       .name = "getDefinition",
+                       .isConst = true,
+                       .specifier = "override",
+                       .body = "if (Definition == nullptr) {\n    Definition = new " + x +
+                               "Definition();\n}\nreturn *Definition;"});
+    methods.push_back({.result = VecName(x),
+                       .name = "toConstVec",
+                       .isConst = true,
+                       .body = VecName(x) + " result;\nresult.push_back(this);\nreturn result;"});
     return methods;
 }
 

@@ -8,14 +8,14 @@
 namespace kel::gen {
 
 struct Method {
-    std::string result;     // empty for constructors and destructors
-    std::string name;       // "getName", or the class name for a constructor
-    std::string parameters; // "std::string const& value"
+    std::string result{};     // empty for constructors and destructors
+    std::string name{};       // "getName", or the class name for a constructor
+    std::string parameters{}; // "std::string const& value"
     bool isConst = false;
-    std::string specifier;    // "override", "= default" or empty
-    std::string prefix;       // "explicit ", "virtual " or empty
-    std::string initializers; // constructors: what follows the colon
-    std::string body;         // statements, one per line, without the braces
+    std::string specifier{};    // "override", "= default" or empty
+    std::string prefix{};       // "explicit ", "virtual " or empty
+    std::string initializers{}; // constructors: what follows the colon
+    std::string body{};         // statements, one per line, without the braces
 
     // The line in the class body.
     std::string declaration() const;

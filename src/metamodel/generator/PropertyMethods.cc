@@ -8,13 +8,19 @@ std::string Getter(PropertyTypeRow const& type) { return "getUnchecked" + type.a
 Methods AccessorsOf(PropertyTypeRow const& type, Member const& member) {
     auto const value = "m_" + member.name;
     return {
-        {ResultType(type), "get" + member.name, "", true, "", "", "",
-         "return PropCast(" + value + ")." + Getter(type) + ";"},
-        {"void", "set" + member.name, ParameterType(type) + " value", false, "", "", "",
-         "PropCastRef(" + value + ").setUnchecked(value);"},
-        {ResultType(type), "getDefaultValueFor" + member.name, "", true, "", "", "",
-         "return PropCast(getDefinition().getPropertyDef(" + member.keyConstant() +
-             ").getDefaultValue())." + Getter(type) + ";"},
+        {.result = ResultType(type),
+         .name = "get" + member.name,
+         .isConst = true,
+         .body = "return PropCast(" + value + ")." + Getter(type) + ";"},
+        {.result = "void",
+         .name = "set" + member.name,
+         .parameters = ParameterType(type) + " value",
+         .body = "PropCastRef(" + value + ").setUnchecked(value);"},
+        {.result = ResultType(type),
+         .name = "getDefaultValueFor" + member.name,
+         .isConst = true,
+         .body = "return PropCast(getDefinition().getPropertyDef(" + member.keyConstant() +
+                 ").getDefaultValue())." + Getter(type) + ";"},
     };
 }
 
@@ -66,14 +72,28 @@ std::string SetPropertyBody(Schema const& schema, ClassDef const& cls) {
 
 Methods PropertyOverrides(Schema const& schema, ClassDef const& cls) {
     return {
-        {"void", "tryAssignProperties", "om::Object const& other, bool flag", false, "override", "",
-         "", AssignBody(cls)},
-        {"bool", "propertiesEqual", "om::Object const& other", true, "override", "", "",
-         EqualBody(cls)},
-        {"om::PropertyValueBase const&", "getProperty", "std::string const& name", true, "override",
-         "", "", GetPropertyBody(cls)},
-        {"void", "setProperty", "std::string const& name, om::PropertyValueBase const& value",
-         false, "override", "", "", SetPropertyBody(schema, cls)},
+        {.result = "void",
+         .name = "tryAssignProperties",
+         .parameters = "om::Object const& other, bool flag",
+         .specifier = "override",
+         .body = AssignBody(cls)},
+        {.result = "bool",
+         .name = "propertiesEqual",
+         .parameters = "om::Object const& other",
+         .isConst = true,
+         .specifier = "override",
+         .body = EqualBody(cls)},
+        {.result = "om::PropertyValueBase const&",
+         .name = "getProperty",
+         .parameters = "std::string const& name",
+         .isConst = true,
+         .specifier = "override",
+         .body = GetPropertyBody(cls)},
+        {.result = "void",
+         .name = "setProperty",
+         .parameters = "std::string const& name, om::PropertyValueBase const& value",
+         .specifier = "override",
+         .body = SetPropertyBody(schema, cls)},
     };
 }
 

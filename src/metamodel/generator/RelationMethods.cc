@@ -21,55 +21,102 @@ Methods SingleMethods(Member const& member) {
     auto const& m = member.name;
     auto const& t = member.type;
     Methods methods{
-        {"om::Oid", "get" + m + "Oid", "", true, "", "", "",
-         "return " + ValueOf(member) + ".get();"},
-        {"void", "set" + m, t + " const& value", false, "", "", "",
-         "getOwner().find(value.getOid());\n" + StoreSingle(member, "value.getOid()")},
-        {t + " const&", "get" + m, "", true, "", "", "",
-         "return ResolveId<" + t + ">(*this, get" + m + "Oid());"},
+        {.result = "om::Oid",
+         .name = "get" + m + "Oid",
+         .isConst = true,
+         .body = "return " + ValueOf(member) + ".get();"},
+        {.result = "void",
+         .name = "set" + m,
+         .parameters = t + " const& value",
+         .body = "getOwner().find(value.getOid());\n" + StoreSingle(member, "value.getOid()")},
+        {.result = t + " const&",
+         .name = "get" + m,
+         .isConst = true,
+         .body = "return ResolveId<" + t + ">(*this, get" + m + "Oid());"},
     };
     if (member.isOptional()) {
-        methods.push_back({"bool", "has" + m, "", true, "", "", "",
-                           "return " + ValueOf(member) + ".size() != 0;"});
+        methods.push_back({.result = "bool",
+                           .name = "has" + m,
+                           .isConst = true,
+                           .body = "return " + ValueOf(member) + ".size() != 0;"});
         methods.push_back(
-            {"void", "clear" + m, "", false, "", "", "", StoreSingle(member, "om::NULL_OID")});
-        methods.push_back({t + " const*", "tryGet" + m, "", true, "", "", "",
-                           "return has" + m + "() ? &get" + m + "() : nullptr;"});
+            {.result = "void", .name = "clear" + m, .body = StoreSingle(member, "om::NULL_OID")});
+        methods.push_back({.result = t + " const*",
+                           .name = "tryGet" + m,
+                           .isConst = true,
+                           .body = "return has" + m + "() ? &get" + m + "() : nullptr;"});
     }
     if (member.isAssociation()) {
-        methods.push_back({"void", "set" + m, "om::Oid id", false, "", "", "",
-                           "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(member, "id")});
+        methods.push_back(
+            {.result = "void",
+             .name = "set" + m,
+             .parameters = "om::Oid id",
+             .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(member, "id")});
     }
     return methods;
 }
 
-Methods UnboundedMethods(Member const& member) {
+// Each change works on a copy of the value and stores it back.
+Methods UnboundedChanges(Member const& member) {
     auto const& m = member.name;
     auto const key = member.keyConstant();
+    return {
+        {.result = "void",
+         .name = "set" + m,
+         .parameters = "std::vector<om::Oid> const& ids",
+         .body = "ReplaceChildren(*this, " + key + ", ids);"},
+        {.result = "void",
+         .name = "set" + m,
+         .parameters = "om::CompositionValue const& value",
+         .body = "setComposition(" + key + ", value);"},
+        {.result = "void",
+         .name = "addTo" + m,
+         .parameters = "om::Oid id",
+         .body = "AddChildren(*this, " + key + ", std::vector<om::Oid>{id});"},
+        {.result = "void",
+         .name = "addTo" + m,
+         .parameters = "std::set<om::Oid> const& ids",
+         .body = "AddChildren(*this, " + key + ", ids);"},
+        {.result = "void",
+         .name = "addTo" + m,
+         .parameters = "std::vector<om::Oid> const& ids",
+         .body = "AddChildren(*this, " + key + ", ids);"},
+        {.result = "void",
+         .name = "removeFrom" + m,
+         .parameters = "om::Oid id",
+         .body = "RemoveChildId(*this, " + key + ", id);"},
+    };
+}
+
+Methods UnboundedQueries(Member const& member) {
+    auto const& m = member.name;
     auto const vec = VecName(member.type);
     return {
-        {"void", "set" + m, "std::vector<om::Oid> const& ids", false, "", "", "",
-         "ReplaceChildren(*this, " + key + ", ids);"},
-        {"void", "set" + m, "om::CompositionValue const& value", false, "", "", "",
-         "setComposition(" + key + ", value);"},
-        {"void", "addTo" + m, "om::Oid id", false, "", "", "",
-         "AddChildren(*this, " + key + ", std::vector<om::Oid>{id});"},
-        {"void", "addTo" + m, "std::set<om::Oid> const& ids", false, "", "", "",
-         "AddChildren(*this, " + key + ", ids);"},
-        {"void", "addTo" + m, "std::vector<om::Oid> const& ids", false, "", "", "",
-         "AddChildren(*this, " + key + ", ids);"},
-        {"void", "removeFrom" + m, "om::Oid id", false, "", "", "",
-         "RemoveChildId(*this, " + key + ", id);"},
-        {"bool", "has" + m, "", true, "", "", "", "return !" + ValueOf(member) + ".empty();"},
-        {"std::uint64_t", "get" + m + "Size", "", true, "", "", "",
-         "return " + ValueOf(member) + ".size();"},
-        {"bool", "isMemberOf" + m, "om::Oid id", true, "", "", "",
-         "return " + ValueOf(member) + ".contains(id);"},
-        {vec, "get" + m, "", true, "", "", "",
-         "return ResolveIds<" + vec + ">(*this, " + ValueOf(member) + ");"},
-        {vec, "get" + m + "Vec", "", true, "", "", "", "return get" + m + "();"},
-        {"std::set<" + member.type + " const*>", "get" + m + "Set", "", true, "", "", "",
-         "auto const objects = get" + m + "();\nreturn {objects.begin(), objects.end()};"},
+        {.result = "bool",
+         .name = "has" + m,
+         .isConst = true,
+         .body = "return !" + ValueOf(member) + ".empty();"},
+        {.result = "std::uint64_t",
+         .name = "get" + m + "Size",
+         .isConst = true,
+         .body = "return " + ValueOf(member) + ".size();"},
+        {.result = "bool",
+         .name = "isMemberOf" + m,
+         .parameters = "om::Oid id",
+         .isConst = true,
+         .body = "return " + ValueOf(member) + ".contains(id);"},
+        {.result = vec,
+         .name = "get" + m,
+         .isConst = true,
+         .body = "return ResolveIds<" + vec + ">(*this, " + ValueOf(member) + ");"},
+        {.result = vec,
+         .name = "get" + m + "Vec",
+         .isConst = true,
+         .body = "return get" + m + "();"},
+        {.result = "std::set<" + member.type + " const*>",
+         .name = "get" + m + "Set",
+         .isConst = true,
+         .body = "auto const objects = get" + m + "();\nreturn {objects.begin(), objects.end()};"},
     };
 }
 
@@ -81,8 +128,12 @@ Methods RelationMethods(ClassDef const& cls) {
         if (member.isProperty()) {
             continue;
         }
-        auto const more = member.isUnbounded() ? UnboundedMethods(member) : SingleMethods(member);
-        methods.insert(methods.end(), more.begin(), more.end());
+        auto const families = member.isUnbounded() ? std::vector<Methods>{UnboundedChanges(member),
+                                                                          UnboundedQueries(member)}
+                                                   : std::vector<Methods>{SingleMethods(member)};
+        for (auto const& more : families) {
+            methods.insert(methods.end(), more.begin(), more.end());
+        }
     }
     return methods;
 }
@@ -90,12 +141,16 @@ Methods RelationMethods(ClassDef const& cls) {
 Methods NavigationMethods(Schema const& schema, ClassDef const& cls) {
     Methods methods;
     for (auto const* sub : schema.directSubclasses(cls.name)) {
-        methods.push_back({sub->name + " const*", "as" + sub->name, "", true, "", "", "",
-                           "return dynamic_cast<" + sub->name + " const*>(this);"});
+        methods.push_back({.result = sub->name + " const*",
+                           .name = "as" + sub->name,
+                           .isConst = true,
+                           .body = "return dynamic_cast<" + sub->name + " const*>(this);"});
     }
     for (auto const& y : ObjClasses(schema, cls)) {
-        methods.push_back({VecName(y), "getObj" + y, "", true, "", "", "",
-                           "return ChildrenOfClass<" + VecName(y) + ">(*this);"});
+        methods.push_back({.result = VecName(y),
+                           .name = "getObj" + y,
+                           .isConst = true,
+                           .body = "return ChildrenOfClass<" + VecName(y) + ">(*this);"});
     }
     return methods;
 }

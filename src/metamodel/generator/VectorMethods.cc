@@ -31,25 +31,35 @@ std::string AddOids(std::string const& x, Member const& member) {
 
 Methods Specials(std::string const& vec) {
     return {
-        {"", vec, "", false, "= default", "", "", ""},
-        {"", vec, vec + " const& other", false, "= default", "", "", ""},
-        {"", vec, vec + "&& other", false, "= default", "", "", ""},
-        {vec + "&", "operator=", vec + " const& other", false, "= default", "", "", ""},
-        {vec + "&", "operator=", vec + "&& other", false, "= default", "", "", ""},
+        {.name = vec, .specifier = "= default"},
+        {.name = vec, .parameters = vec + " const& other", .specifier = "= default"},
+        {.name = vec, .parameters = vec + "&& other", .specifier = "= default"},
+        {.result = vec + "&",
+         .name = "operator=",
+         .parameters = vec + " const& other",
+         .specifier = "= default"},
+        {.result = vec + "&",
+         .name = "operator=",
+         .parameters = vec + "&& other",
+         .specifier = "= default"},
         // Out of line, so that the vtable is emitted once, with the class's members.
-        {"", "~" + vec, "", false, "", "virtual ", "", ""},
+        {.name = "~" + vec, .prefix = "virtual "},
     };
 }
 
 Methods Casts(Schema const& schema, ClassDef const& cls) {
     Methods methods;
     for (auto const* ancestor : schema.ancestors(cls.name)) {
-        methods.push_back({VecName(ancestor->name), "as" + ancestor->name, "", true, "", "", "",
-                           "return Upcast<" + VecName(ancestor->name) + ">(*this);"});
+        methods.push_back({.result = VecName(ancestor->name),
+                           .name = "as" + ancestor->name,
+                           .isConst = true,
+                           .body = "return Upcast<" + VecName(ancestor->name) + ">(*this);"});
     }
     for (auto const* sub : schema.directSubclasses(cls.name)) {
-        methods.push_back({VecName(sub->name), "as" + sub->name, "", true, "", "", "",
-                           "return Downcast<" + VecName(sub->name) + ">(*this);"});
+        methods.push_back({.result = VecName(sub->name),
+                           .name = "as" + sub->name,
+                           .isConst = true,
+                           .body = "return Downcast<" + VecName(sub->name) + ">(*this);"});
     }
     return methods;
 }
@@ -61,11 +71,15 @@ Methods OwnGetters(ClassDef const& cls) {
             continue;
         }
         auto const vec = VecName(member.type);
-        methods.push_back({vec, "get" + member.name, "", true, "", "", "",
-                           Collect(vec, cls.name, AddObjects(member))});
-        methods.push_back({"std::vector<om::Oid>", "get" + member.name + "Oid", "", true, "", "",
-                           "",
-                           Collect("std::vector<om::Oid>", cls.name, AddOids(cls.name, member))});
+        methods.push_back({.result = vec,
+                           .name = "get" + member.name,
+                           .isConst = true,
+                           .body = Collect(vec, cls.name, AddObjects(member))});
+        methods.push_back(
+            {.result = "std::vector<om::Oid>",
+             .name = "get" + member.name + "Oid",
+             .isConst = true,
+             .body = Collect("std::vector<om::Oid>", cls.name, AddOids(cls.name, member))});
     }
     return methods;
 }
@@ -77,8 +91,10 @@ Methods BaseGetters(Schema const& schema, ClassDef const& cls) {
     }
     for (auto const& member : schema.getClass(cls.base).members) {
         if (!member.isProperty()) {
-            methods.push_back({VecName(member.type), "get" + member.name, "", true, "", "", "",
-                               "return as" + cls.base + "().get" + member.name + "();"});
+            methods.push_back({.result = VecName(member.type),
+                               .name = "get" + member.name,
+                               .isConst = true,
+                               .body = "return as" + cls.base + "().get" + member.name + "();"});
         }
     }
     return methods;
@@ -89,8 +105,10 @@ Methods BaseGetters(Schema const& schema, ClassDef const& cls) {
 Methods VectorMethods(Schema const& schema, ClassDef const& cls) {
     auto const vec = VecName(cls.name);
     auto methods = Specials(vec);
-    methods.push_back({cls.name + " const*", "toPtr", "", true, "", "", "",
-                       "return SingleElement(*this, \"" + vec + "\");"});
+    methods.push_back({.result = cls.name + " const*",
+                       .name = "toPtr",
+                       .isConst = true,
+                       .body = "return SingleElement(*this, \"" + vec + "\");"});
     for (auto const& more : {Casts(schema, cls), OwnGetters(cls), BaseGetters(schema, cls)}) {
         methods.insert(methods.end(), more.begin(), more.end());
     }
