@@ -1,7 +1,7 @@
 // How a port faces its component: provided or required, and how it is connected.
 #pragma once
 
-#include "parser/MetamodelEnums.h"
+#include "metamodel/Enumerations.h"
 
 namespace language {
 

@@ -1,11 +1,11 @@
 // What the grammar's reductions ask of the parser that drives them.
 #pragma once
 
+#include "metamodel/Enumerations.h"
 #include "om/Oid.h"
 #include "parser/Compound.h"
 #include "parser/Direction.h"
 #include "parser/Location.h"
-#include "parser/MetamodelEnums.h"
 #include "parser/Name.h"
 #include "parser/Oids.h"
 #include "parser/ParserBase.h"
@@ -23,6 +23,7 @@ class Scanner;
 class GrammarActions : public ParserBase {
 public:
     using L = location;
+    using ParserBase::ParserBase;
 
     // The running parse's scanner, and the stream name that locations point at.
     virtual Scanner& scanner() = 0;

@@ -2,6 +2,11 @@
 
 namespace language {
 
+ParserBase::ParserBase(om::ObjectModel& model)
+    : m_model(model), m_ownFiles(std::make_unique<Files>()), m_files(m_ownFiles.get()) {}
+
+ParserBase::ParserBase(om::ObjectModel& model, Files* files) : m_model(model), m_files(files) {}
+
 void ParserBase::error(location const& where, std::string const& message) {
     m_errors.emplace_back(where, message);
 }

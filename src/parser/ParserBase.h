@@ -1,10 +1,15 @@
-// Base of every front-end pass: the list of errors and the helpers on names.
+// Base of every front-end pass: the store, the files, the errors, and the
+// helpers on names and locations.
 #pragma once
 
+#include "metamodel/Kel.h"
+#include "om/ObjectModel.h"
 #include "parser/ErrorElement.h"
 #include "parser/Location.h"
 #include "parser/Name.h"
 
+#include <cstdint>
+#include <memory>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -13,6 +18,12 @@ namespace language {
 
 class ParserBase {
 public:
+    using Files = std::vector<kel::File const*>;
+
+    // With a list of files of its own.
+    explicit ParserBase(om::ObjectModel& model);
+    // Sharing the caller's list of files, which must outlive this object.
+    ParserBase(om::ObjectModel& model, Files* files);
     virtual ~ParserBase() = default;
 
     // Records an error of the source; the pass goes on.
@@ -51,7 +62,44 @@ public:
     static Name lastName(Names const& names);
     static bool isVariable(Names const& names) { return names.size() == 1; }
 
+    // A new File under the Root, also for a name that is there already.
+    kel::File const& addFile(std::string const& name);
+    // The first File of the parse with that name; OMException when there is none.
+    kel::File const& GetFile(std::string const& name) const;
+
+    // The span of a syntax-tree object, pointing at its File's name.
+    static location getLocation(kel::Location const& object);
+    // Books begin's begin, end's end and at's begin on the object, shifted into
+    // the file of the last "#file" or "#imported" clause when that is another.
+    void setLocation(kel::Location& object, location const& begin, location const& end,
+                     location const& at) const;
+    void setLocation(kel::Location& object, location const& where) const;
+    void setLocation(kel::Location& object, kel::Location const& other) const;
+    // setLocation on a copy of the stored object, then stored; returns its id.
+    om::Oid updateLocation(om::Oid id, location const& begin, location const& end,
+                           location const& at);
+    om::Oid updateLocation(om::Oid id, location const& where);
+    void setNameAndLocation(kel::Named& object, Name const& name) const;
+    void setNameAndLocation(kel::Named& object, std::string const& name, location const& begin,
+                            location const& end, location const& at) const;
+    static Name copyName(kel::Named const& object);
+
+protected:
+    // The list of files, to share with a parser of an imported file.
+    Files* sharedFiles() { return m_files; }
+
+    std::string m_dir;
+    std::string m_currentFile;
+    std::int32_t m_lineOffset = 0;
+    bool m_inImported = false;
+    om::ObjectModel& m_model;
+
 private:
+    // The file that a position in the named stream is booked on, with its line shift.
+    std::pair<kel::File const*, std::int32_t> bookedFile(std::string const* streamName) const;
+
+    std::unique_ptr<Files> m_ownFiles;
+    Files* m_files;
     std::vector<ErrorElement> m_errors;
 };
 

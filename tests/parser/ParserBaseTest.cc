@@ -1,4 +1,5 @@
 #include "parser/ParserBase.h"
+#include "TestStore.h"
 
 #include <gtest/gtest.h>
 
@@ -27,9 +28,14 @@ std::string printed(ParserBase const& base) {
     return out.str();
 }
 
-TEST(ParserBaseErrorsTest, PrintsOneLinePerErrorInTheOrderOfReporting) {
+class ParserBaseErrorsTest : public testing::Test {
+protected:
+    language::TestStore store;
+};
+
+TEST_F(ParserBaseErrorsTest, PrintsOneLinePerErrorInTheOrderOfReporting) {
     std::string const file = "src/a.kel";
-    ParserBase base;
+    ParserBase base(store.model);
     base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
     base.error(at(nullptr, 1, 1, 1, 1), "cannot open 'x.kel'");
     base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
@@ -42,22 +48,22 @@ TEST(ParserBaseErrorsTest, PrintsOneLinePerErrorInTheOrderOfReporting) {
     EXPECT_EQ(printed(base), "");
 }
 
-TEST(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
-    ParserBase base;
+TEST_F(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
+    ParserBase base(store.model);
     {
         auto file = std::make_unique<std::string>("gone.kel");
         base.error(at(file.get(), 2, 7, 2, 9), "message");
     }
-    ParserBase copy;
+    ParserBase copy(store.model);
     copy.importErrors(base);
     base.clearErrors();
     EXPECT_EQ(printed(copy), "gone.kel:2:7: message\n");
     EXPECT_EQ(*copy.errors().front().location().end.filename, "gone.kel");
 }
 
-TEST(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
+TEST_F(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
     std::string const file = "a.kel";
-    ParserBase importer, imported;
+    ParserBase importer(store.model), imported(store.model);
     importer.error(at(&file, 1, 1, 1, 2), "first");
     imported.error(at(&file, 2, 1, 2, 2), "second");
     imported.error(at(&file, 3, 1, 3, 2), "third");

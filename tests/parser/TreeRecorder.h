@@ -1,6 +1,7 @@
 // Test driver of the grammar: records each construct call as text instead of a tree.
 #pragma once
 
+#include "TestStore.h"
 #include "parser/GrammarActions.h"
 
 #include <map>
@@ -11,8 +12,10 @@ namespace language {
 
 // Each construct call gets a fresh id whose text shows the call and its arguments,
 // so a whole file reads back as one line; expressions are shown in infix form.
-class TreeRecorder : public GrammarActions {
+class TreeRecorder : private TestStore, public GrammarActions {
 public:
+    TreeRecorder() : GrammarActions(TestStore::model) {}
+
     // Runs the grammar over the source, named "t.kel"; returns what parse() returns.
     int parse(std::string const& source);
 

@@ -1,0 +1,66 @@
+#include "parser/Parser.h"
+
+#include "parser/BisonParser.h"
+#include "parser/ImportPaths.h"
+#include "parser/Scanner.h"
+
+#include <fstream>
+
+namespace language {
+
+std::set<std::string> Parser::m_parsedFiles;
+
+namespace {
+
+// The scanner lives on parseStream's frame; the pointer to it must not outlive it.
+struct ScannerBinding {
+    Scanner*& slot;
+    ~ScannerBinding() { slot = nullptr; }
+};
+
+} // namespace
+
+Parser::Parser(om::ObjectModel& model) : GrammarActions(model) {}
+
+Parser::Parser(om::ObjectModel& model, Files* files, Imported imported, bool fullImports)
+    : GrammarActions(model, files), m_imported(imported), m_fullImports(fullImports) {}
+
+bool Parser::parseFile(std::string const& file, std::vector<std::string> const& includePaths,
+                       bool fullImports) {
+    m_includePaths = includePaths;
+    m_fullImports = fullImports;
+    m_parsedFiles.insert(file);
+    std::ifstream stream(file);
+    if (!stream) {
+        fileNotFound(file, nullptr);
+        return false;
+    }
+    return parseStreamRecursive(stream, file, fullImports);
+}
+
+bool Parser::parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports) {
+    m_directory = directoryOf(name);
+    return parseStream(stream, name, m_includePaths, fullImports);
+}
+
+bool Parser::parseStream(std::istream& stream, std::string const& name,
+                         std::vector<std::string> const& includePaths, bool fullImports) {
+    m_includePaths = includePaths;
+    m_fullImports = fullImports;
+    clearErrors();
+    m_fileName = name;
+    addFile(name);
+    Scanner scanner(&stream, nullptr);
+    scanner.set_debug(m_traceScanning);
+    m_scanner = &scanner;
+    ScannerBinding binding{m_scanner};
+    BisonParser parser(*this);
+    parser.set_debug_level(m_traceParsing);
+    return parser.parse() == 0 && !hasErrors();
+}
+
+void Parser::fileNotFound(std::string const& file, location const* where) {
+    error(where != nullptr ? *where : location(), "cannot open " + q(file));
+}
+
+} // namespace language

@@ -1,0 +1,113 @@
+#include "TestStore.h"
+#include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/ConstructionSupport.h"
+#include "om/OMException.h"
+#include "parser/ParserBase.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using language::location;
+using language::ParserBase;
+
+location span(std::string const* file, std::uint32_t line, std::uint32_t column,
+              std::uint32_t endLine, std::uint32_t endColumn) {
+    location result;
+    result.begin = {file, line, column};
+    result.end = {file, endLine, endColumn};
+    return result;
+}
+
+class ParserBaseLocationsTest : public testing::Test {
+protected:
+    language::TestStore store;
+    ParserBase base{store.model};
+};
+
+TEST_F(ParserBaseLocationsTest, AddFileMakesANewFileUnderTheRootEveryTime) {
+    kel::File const& first = base.addFile("a.kel");
+    kel::File const& second = base.addFile("a.kel");
+    EXPECT_NE(first.getOid(), second.getOid());
+    EXPECT_EQ(kel::GetRoot(store.model).getFilesSize(), 2u);
+    EXPECT_EQ(&base.GetFile("a.kel"), &first);
+}
+
+TEST_F(ParserBaseLocationsTest, GetFileOfAnUnknownNameThrows) {
+    base.addFile("a.kel");
+    try {
+        base.GetFile("b.kel");
+        FAIL() << "no exception";
+    } catch (om::OMException const& e) {
+        EXPECT_STREQ(e.what(), "ObjectModel does not seem to contain File object with name b.kel");
+    }
+}
+
+TEST_F(ParserBaseLocationsTest, FilesAreSharedWithAPassMadeOnTheSameList) {
+    ParserBase::Files files;
+    ParserBase first(store.model, &files), second(store.model, &files);
+    kel::File const& file = first.addFile("a.kel");
+    EXPECT_EQ(&second.GetFile("a.kel"), &file);
+    EXPECT_THROW(base.GetFile("a.kel"), om::OMException);
+}
+
+TEST_F(ParserBaseLocationsTest, BooksBeginEndAndMainPositionOfThreeLocations) {
+    std::string const name = "a.kel";
+    kel::File const& file = base.addFile(name);
+    kel::EnumTypeDeclaration copy = kel::NewCopy<kel::EnumTypeDeclaration>(store.model);
+    base.setLocation(copy, span(&name, 1, 1, 1, 5), span(&name, 3, 2, 3, 3),
+                     span(&name, 1, 6, 1, 7));
+    EXPECT_EQ(copy.getBeginLine(), 1);
+    EXPECT_EQ(copy.getBeginColumn(), 1);
+    EXPECT_EQ(copy.getEndLine(), 3);
+    EXPECT_EQ(copy.getEndColumn(), 3);
+    EXPECT_EQ(copy.getLine(), 1);
+    EXPECT_EQ(copy.getColumn(), 6);
+    EXPECT_EQ(&copy.getFile(), &file);
+}
+
+TEST_F(ParserBaseLocationsTest, UpdateLocationStoresTheSpanAndGetLocationReadsItBack) {
+    std::string const name = "a.kel";
+    base.addFile(name);
+    om::Oid id = kel::NewNamed<kel::EnumValueDeclaration>(store.model, "x");
+    location where = span(&name, 4, 2, 4, 9);
+    EXPECT_EQ(base.updateLocation(id, where), id);
+    auto const& stored = kel::Find<kel::EnumValueDeclaration>(store.model, id);
+    location read = ParserBase::getLocation(stored);
+    EXPECT_EQ(*read.begin.filename, name);
+    EXPECT_EQ(read.begin.line, 4u);
+    EXPECT_EQ(read.begin.column, 2u);
+    EXPECT_EQ(read.end.line, 4u);
+    EXPECT_EQ(read.end.column, 9u);
+    language::Name copied = ParserBase::copyName(stored);
+    EXPECT_EQ(copied.name, "x");
+    EXPECT_EQ(copied.location.end.column, 9u);
+}
+
+TEST_F(ParserBaseLocationsTest, ACopiedLocationKeepsTheMainPosition) {
+    std::string const name = "a.kel";
+    base.addFile(name);
+    kel::Namespace source = kel::NewCopy<kel::Namespace>(store.model);
+    base.setLocation(source, span(&name, 1, 1, 1, 2), span(&name, 5, 1, 5, 2),
+                     span(&name, 2, 3, 2, 4));
+    kel::Namespace target = kel::NewCopy<kel::Namespace>(store.model);
+    base.setLocation(target, source);
+    EXPECT_EQ(target.getBeginLine(), 1);
+    EXPECT_EQ(target.getEndLine(), 5);
+    EXPECT_EQ(target.getLine(), 2);
+    EXPECT_EQ(target.getColumn(), 3);
+    EXPECT_EQ(&target.getFile(), &source.getFile());
+}
+
+TEST_F(ParserBaseLocationsTest, SetNameAndLocationTakesBothFromTheName) {
+    std::string const name = "a.kel";
+    base.addFile(name);
+    kel::Namespace copy = kel::NewCopy<kel::Namespace>(store.model);
+    base.setNameAndLocation(copy, language::Name{"N", span(&name, 7, 3, 7, 4)});
+    EXPECT_EQ(copy.getName(), "N");
+    EXPECT_EQ(copy.getLine(), 7);
+    EXPECT_EQ(copy.getColumn(), 3);
+    EXPECT_EQ(copy.getEndColumn(), 4);
+}
+
+} // namespace
