@@ -2,7 +2,7 @@
 // store, change a local copy of it, and store the copy back.
 #pragma once
 
-#include "metamodel/Kel.h"
+#include "om/Object.h"
 #include "om/AsType.h"
 #include "om/ObjectModel.h"
 
