@@ -177,7 +177,10 @@ private:
     void fileDeclarations(kel::Namespace& container, Oids const& declarations);
     // Puts one part of a behaviour body where it belongs.
     void fileBehaviourPart(kel::Behaviour& behaviour, kel::CompoundStatement& body, om::Oid id);
+    // Gives an internal port of kind kel.async its own interface; reports any other kind.
     void fileAsyncInternal(kel::InternalDeclaration const& internal);
+    // Reports each argument of an event instance that is neither a name nor a <- b.
+    void checkEventArguments(Oids const& arguments, L const& at);
     // Puts one part of a function body where it belongs.
     void fileFunctionPart(kel::CompoundStatement& body, om::Oid id);
     // A binary expression made by the helper, or nothing where skipped.
@@ -190,6 +193,7 @@ private:
     bool m_traceParsing = false;
     std::string m_fileName;
     std::vector<std::string> m_includePaths;
+    // No behaviour and no system clause met since the last model was made.
     bool m_foreign = true;
     Scanner* m_scanner = nullptr;
     std::string m_directory = ".";

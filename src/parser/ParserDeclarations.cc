@@ -1,6 +1,5 @@
 #include "parser/Parser.h"
 
-#include "metamodel/AsyncInterface.h"
 #include "metamodel/BuiltinDeclarations.h"
 #include "metamodel/ConstructionSupport.h"
 #include "metamodel/DeclarationConstructors.h"

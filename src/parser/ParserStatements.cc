@@ -149,15 +149,20 @@ om::Oid Parser::constructEventInstance(L const& b, L const& e, L const& a, Compo
     if (instance.hasPort()) {
         updateLocation(instance.getPortOid(), port.location);
     }
-    for (om::Oid argument : event.arguments) {
-        om::Object const* object = m_model.tryFind(argument);
-        if (!isEventArgument(object)) {
-            location where =
-                object != nullptr ? getLocation(dynamic_cast<kel::Location const&>(*object)) : a;
-            error(where, "syntax error, expression not allowed here");
-        }
-    }
+    checkEventArguments(event.arguments, a);
     return updateLocation(id, b, e, a);
+}
+
+void Parser::checkEventArguments(Oids const& arguments, L const& at) {
+    for (om::Oid argument : arguments) {
+        om::Object const* object = m_model.tryFind(argument);
+        if (isEventArgument(object)) {
+            continue;
+        }
+        auto const* placed = dynamic_cast<kel::Location const*>(object);
+        error(placed != nullptr ? getLocation(*placed) : at,
+              "syntax error, expression not allowed here");
+    }
 }
 
 om::Oid Parser::constructSystem(L const& b, L const& e, L const& a, Oids const& statements) {
