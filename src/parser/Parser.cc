@@ -2,6 +2,7 @@
 
 #include "parser/BisonParser.h"
 #include "parser/ImportPaths.h"
+#include "parser/Resolver.h"
 #include "parser/Scanner.h"
 
 #include <fstream>
@@ -40,11 +41,12 @@ bool Parser::parseFile(std::string const& file, std::vector<std::string> const& 
 
 bool Parser::parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports) {
     m_directory = directoryOf(name);
-    return parseStream(stream, name, m_includePaths, fullImports);
+    return parseStream(stream, name, m_includePaths, fullImports, m_imported == NotImported);
 }
 
 bool Parser::parseStream(std::istream& stream, std::string const& name,
-                         std::vector<std::string> const& includePaths, bool fullImports) {
+                         std::vector<std::string> const& includePaths, bool fullImports,
+                         bool resolve) {
     m_includePaths = includePaths;
     m_fullImports = fullImports;
     clearErrors();
@@ -56,7 +58,14 @@ bool Parser::parseStream(std::istream& stream, std::string const& name,
     ScannerBinding binding{m_scanner};
     BisonParser parser(*this);
     parser.set_debug_level(m_traceParsing);
-    return parser.parse() == 0 && !hasErrors();
+    bool parsed = parser.parse() == 0 && !hasErrors();
+    if (!resolve) {
+        return parsed;
+    }
+    Resolver resolver(m_model, sharedFiles());
+    bool resolved = resolver.resolveAllReferences();
+    importErrors(resolver);
+    return parsed && resolved && !hasErrors();
 }
 
 void Parser::fileNotFound(std::string const& file, location const* where) {

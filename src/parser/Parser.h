@@ -28,9 +28,10 @@ public:
     // Parses the file; false when it cannot be opened or has errors.
     bool parseFile(std::string const& file, std::vector<std::string> const& includePaths,
                    bool fullImports);
-    // Parses the stream under the given name; true without errors.
+    // Parses the stream under the given name, then, with `resolve`, resolves the
+    // whole tree, also after a failed parse; true without errors.
     bool parseStream(std::istream& stream, std::string const& name,
-                     std::vector<std::string> const& includePaths, bool fullImports);
+                     std::vector<std::string> const& includePaths, bool fullImports, bool resolve);
     // parseStream, with imports looked for next to the named file first.
     bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports);
 

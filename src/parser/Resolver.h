@@ -177,7 +177,6 @@ private:
     template <class T> T const& store(T const& copy);
     void nameAt(om::Oid id, std::string const& name, kel::Location const& at);
     template <class T> T const& replaceBy(om::Object const& old, T const& copy);
-    Scope const& scopeOf(om::Oid id) const;
     static bool isBuiltin(kel::EventInstance const& instance);
 
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;

@@ -98,8 +98,8 @@ bool Resolver::resolveEventPort(kel::EventInstance const& instance,
     if (interface == nullptr) {
         return FALSE();
     }
-    eventScope = &scopeOf(interface->getOid());
-    return true;
+    eventScope = getInterfaceScope(interface->getOid());
+    return eventScope != nullptr;
 }
 
 bool Resolver::checkEventArguments(kel::EventInstance const& instance) {

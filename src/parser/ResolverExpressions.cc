@@ -3,8 +3,6 @@
 
 #include "om/AsType.h"
 
-#include <stdexcept>
-
 namespace language {
 
 bool Resolver::resolveReferencesExpression(kel::Expression const& expression,
@@ -77,14 +75,6 @@ bool Resolver::resolveActionExpression(kel::ActionExpression const& action,
     return FALSE();
 }
 
-Scope const& Resolver::scopeOf(om::Oid id) const {
-    auto found = m_scopes.find(id);
-    if (found == m_scopes.end()) {
-        throw std::logic_error("no scope for object " + std::to_string(id));
-    }
-    return *found->second;
-}
-
 bool Resolver::resolveReferencesNameExpression(kel::NameExpression const& expression,
                                                std::string const& name, Scope const& scope) {
     return name.find('.') == std::string::npos
@@ -115,9 +105,14 @@ bool Resolver::resolveDottedNameExpression(kel::NameExpression const& expression
     om::Object const& found = *m_model.find(id);
     // The tail is looked up in the namespace or interface and then outward
     // from there; the scope itself serves as well as a copy of it would.
-    if (dynamic_cast<kel::Namespace const*>(&found) != nullptr ||
-        dynamic_cast<kel::InterfaceDeclaration const*>(&found) != nullptr) {
-        return resolveReferencesNameExpression(expression, name.substr(dot + 1), scopeOf(id));
+    Scope const* inner = nullptr;
+    if (dynamic_cast<kel::Namespace const*>(&found) != nullptr) {
+        inner = getNamespaceScope(id);
+    } else if (dynamic_cast<kel::InterfaceDeclaration const*>(&found) != nullptr) {
+        inner = getInterfaceScope(id);
+    }
+    if (inner != nullptr) {
+        return resolveReferencesNameExpression(expression, name.substr(dot + 1), *inner);
     }
     std::string const whole = expression.getName();
     if (dynamic_cast<kel::EnumTypeDeclaration const*>(&found) != nullptr) {
@@ -126,7 +121,7 @@ bool Resolver::resolveDottedNameExpression(kel::NameExpression const& expression
             return FALSE();
         }
         auto const& constant = replaceByEnumConstantExpression(expression);
-        return resolve(constant.getValue(), scopeOf(id));
+        return resolve(constant.getValue(), *getEnumTypeScope(id));
     }
     if (auto const* variable = dynamic_cast<kel::VariableDeclaration const*>(&found)) {
         if (expression.getParentheses()) {

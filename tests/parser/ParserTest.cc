@@ -16,7 +16,7 @@ class ParserTest : public testing::Test {
 protected:
     bool parse(std::string const& source) {
         std::istringstream in(source);
-        return parser.parseStream(in, "t.kel", {}, false);
+        return parser.parseStream(in, "t.kel", {}, false, false);
     }
 
     std::string errors() const {
