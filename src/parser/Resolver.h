@@ -156,8 +156,8 @@ private:
                                  LocalVariablesScope& scope);
     bool resolveVariableDeclarationStatement(kel::VariableDeclarationStatement const& statement,
                                              LocalVariablesScope& scope);
-    bool resolveEventPort(kel::EventInstance const& instance, LocalVariablesScope const& scope,
-                          Scope const*& eventScope);
+    bool resolveEventPort(kel::EventInstance const& instance, bool inComponent,
+                          LocalVariablesScope const& scope, Scope const*& eventScope);
     bool checkEventArguments(kel::EventInstance const& instance);
     bool bindTrigger(kel::EventInstance const& trigger, LocalVariablesScope const& scope,
                      OnEventScope& bound);
