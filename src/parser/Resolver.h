@@ -184,6 +184,9 @@ private:
     static bool isBuiltin(kel::EventInstance const& instance);
 
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;
+    // Found once: the store's lookups of these walk the whole default namespace.
+    kel::EventDeclaration const* m_illegalEvent = nullptr;
+    kel::TypeDeclaration const* m_boolType = nullptr;
 };
 
 template <class S> S& Resolver::getScope(om::Oid id, Scope const& parent) {

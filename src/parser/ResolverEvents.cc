@@ -119,7 +119,10 @@ bool Resolver::checkEventArguments(kel::EventInstance const& instance) {
 kel::EventDeclaration const* Resolver::tryGetBuiltinEvent(kel::EventInstance const& instance) {
     std::string const& name = instance.getEvent().getName();
     if (name == "illegal") {
-        return kel::GetIllegalEvent(m_model);
+        if (m_illegalEvent == nullptr) {
+            m_illegalEvent = kel::GetIllegalEvent(m_model);
+        }
+        return m_illegalEvent;
     }
     auto const* interface = dynamic_cast<kel::InterfaceDeclaration const*>(
         instance.tryGetParentOfType(kel::InterfaceDeclaration::ClassName));
