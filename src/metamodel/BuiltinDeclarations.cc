@@ -1,5 +1,12 @@
-#include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/ConstEventDeclarationVec.h"
 
+#include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/ConstFileVec.h"
+#include "metamodel/ConstInterfaceDeclarationVec.h"
+#include "metamodel/ConstModelDeclarationVec.h"
+#include "metamodel/ConstNamespaceVec.h"
+#include "metamodel/ConstRootVec.h"
+#include "metamodel/ConstTypeDeclarationVec.h"
 #include "metamodel/ConstructionSupport.h"
 #include "metamodel/DeclarationConstructors.h"
 #include "om/OMException.h"

@@ -1,10 +1,13 @@
 #include "metamodel/EventSets.h"
 
-#include "metamodel/Behaviour.h"
+#include "metamodel/ConstBehaviourVec.h"
+#include "metamodel/ConstComponentDeclarationVec.h"
 #include "metamodel/ConstEventDeclarationVec.h"
+#include "metamodel/ConstInterfaceDeclarationVec.h"
+#include "metamodel/ConstInterfaceReferenceVec.h"
 #include "metamodel/ConstInternalDeclarationVec.h"
+#include "metamodel/ConstModelDeclarationVec.h"
 #include "metamodel/ConstPortDeclarationVec.h"
-#include "metamodel/InterfaceReference.h"
 
 #include <algorithm>
 #include <stdexcept>

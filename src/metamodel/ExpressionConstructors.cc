@@ -1,5 +1,23 @@
 #include "metamodel/ExpressionConstructors.h"
 
+#include "metamodel/ConstAssignmentExpressionVec.h"
+#include "metamodel/ConstBooleanAndExpressionVec.h"
+#include "metamodel/ConstBooleanConstantExpressionVec.h"
+#include "metamodel/ConstBooleanNotExpressionVec.h"
+#include "metamodel/ConstBooleanOrExpressionVec.h"
+#include "metamodel/ConstDataExpressionVec.h"
+#include "metamodel/ConstExpressionVec.h"
+#include "metamodel/ConstIntConstantExpressionVec.h"
+#include "metamodel/ConstIsEqualExpressionVec.h"
+#include "metamodel/ConstIsGreaterEqualExpressionVec.h"
+#include "metamodel/ConstIsGreaterExpressionVec.h"
+#include "metamodel/ConstIsLessEqualExpressionVec.h"
+#include "metamodel/ConstIsLessExpressionVec.h"
+#include "metamodel/ConstIsNotEqualExpressionVec.h"
+#include "metamodel/ConstMinusExpressionVec.h"
+#include "metamodel/ConstNameExpressionVec.h"
+#include "metamodel/ConstPlusExpressionVec.h"
+#include "metamodel/ConstVariableReferenceVec.h"
 #include "metamodel/ConstructionSupport.h"
 
 namespace kel {

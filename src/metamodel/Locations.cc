@@ -1,7 +1,9 @@
 #include "metamodel/Locations.h"
 
 #include "metamodel/BuiltinDeclarations.h"
-#include "metamodel/File.h"
+#include "metamodel/ConstFileVec.h"
+#include "metamodel/ConstLocationVec.h"
+#include "metamodel/ConstNamedVec.h"
 #include "om/AsType.h"
 #include "om/ObjectModel.h"
 

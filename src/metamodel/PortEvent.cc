@@ -1,12 +1,16 @@
 #include "metamodel/PortEvent.h"
 
+#include "metamodel/ConstEnumTypeDeclarationVec.h"
 #include "metamodel/ConstEnumValueDeclarationVec.h"
-#include "metamodel/EnumTypeDeclaration.h"
-#include "metamodel/EventReference.h"
-#include "metamodel/IntTypeDeclaration.h"
-#include "metamodel/PortReference.h"
+#include "metamodel/ConstEventInstanceVec.h"
+#include "metamodel/ConstEventReferenceVec.h"
+#include "metamodel/ConstIntTypeDeclarationVec.h"
+#include "metamodel/ConstInterfaceDeclarationVec.h"
+#include "metamodel/ConstPortDeclarationVec.h"
+#include "metamodel/ConstPortReferenceVec.h"
+#include "metamodel/ConstTypeDeclarationVec.h"
+#include "metamodel/ConstTypeReferenceVec.h"
 #include "metamodel/TreePredicates.h"
-#include "metamodel/TypeReference.h"
 #include "om/OMException.h"
 
 #include <algorithm>

@@ -1,8 +1,10 @@
 #include "metamodel/PortReturn.h"
 
-#include "metamodel/EnumTypeDeclaration.h"
-#include "metamodel/IntTypeDeclaration.h"
-#include "metamodel/InterfaceReference.h"
+#include "metamodel/ConstEnumTypeDeclarationVec.h"
+#include "metamodel/ConstIntTypeDeclarationVec.h"
+#include "metamodel/ConstInterfaceDeclarationVec.h"
+#include "metamodel/ConstInterfaceReferenceVec.h"
+#include "metamodel/ConstTypeDeclarationVec.h"
 #include "metamodel/TreePredicates.h"
 
 namespace kel {

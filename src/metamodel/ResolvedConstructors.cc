@@ -1,5 +1,16 @@
 #include "metamodel/ResolvedConstructors.h"
 
+#include "metamodel/ConstEnumConstantExpressionVec.h"
+#include "metamodel/ConstEnumValueDeclarationVec.h"
+#include "metamodel/ConstEnumValueReferenceVec.h"
+#include "metamodel/ConstEventDeclarationVec.h"
+#include "metamodel/ConstEventInstanceVec.h"
+#include "metamodel/ConstEventReferenceVec.h"
+#include "metamodel/ConstNamedVec.h"
+#include "metamodel/ConstParameterDeclarationVec.h"
+#include "metamodel/ConstPortDeclarationVec.h"
+#include "metamodel/ConstPortReferenceVec.h"
+#include "metamodel/ConstTypeReferenceVec.h"
 #include "metamodel/ConstructionSupport.h"
 #include "metamodel/Locations.h"
 

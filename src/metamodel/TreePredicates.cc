@@ -1,6 +1,24 @@
 #include "metamodel/TreePredicates.h"
 
+#include "metamodel/ActionStatement.h"
+#include "metamodel/AssignmentStatement.h"
+#include "metamodel/BlockingStatement.h"
 #include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/ConstActionExpressionVec.h"
+#include "metamodel/ConstBehaviourStatementVec.h"
+#include "metamodel/ConstCompoundStatementVec.h"
+#include "metamodel/ConstEventDeclarationVec.h"
+#include "metamodel/ConstEventInstanceVec.h"
+#include "metamodel/ConstEventReferenceVec.h"
+#include "metamodel/ConstExpressionVec.h"
+#include "metamodel/ConstGuardedStatementVec.h"
+#include "metamodel/ConstInterfaceDeclarationVec.h"
+#include "metamodel/ConstOnEventStatementVec.h"
+#include "metamodel/ConstTypeDeclarationVec.h"
+#include "metamodel/ConstVariableDeclarationVec.h"
+#include "metamodel/PortReference.h"
+#include "metamodel/TypeReference.h"
+#include "metamodel/VariableDeclarationStatement.h"
 
 #include <algorithm>
 

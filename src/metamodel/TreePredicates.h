@@ -2,7 +2,16 @@
 // the interpreter share.
 #pragma once
 
-#include "metamodel/Kel.h"
+#include "metamodel/BehaviourStatement.h"
+#include "metamodel/CompoundStatement.h"
+#include "metamodel/ConstOnEventStatementVec.h"
+#include "metamodel/EventDeclaration.h"
+#include "metamodel/EventInstance.h"
+#include "metamodel/EventReference.h"
+#include "metamodel/InterfaceDeclaration.h"
+#include "metamodel/OnEventStatement.h"
+#include "metamodel/TypeDeclaration.h"
+#include "metamodel/VariableDeclaration.h"
 
 #include <string>
 
