@@ -2,8 +2,8 @@
 // store, change a local copy of it, and store the copy back.
 #pragma once
 
-#include "om/Object.h"
 #include "om/AsType.h"
+#include "om/Object.h"
 #include "om/ObjectModel.h"
 
 #include <string>

@@ -1,5 +1,6 @@
 // kel-trace: runs a model of the kel language against a named event trace and
 // writes the first matching sequence diagram as JSON.
+#include "tool/File.h"
 #include "tool/Options.h"
 #include "tool/TraceInput.h"
 
@@ -15,8 +16,14 @@ bool usageRequested(Options const& options) {
 }
 
 int run(Options const& options) {
-    throw std::runtime_error("cannot load '" + getOption(options, "modelpath") +
-                             "': kel sources cannot be loaded by this build yet");
+    File const file(getOption(options, "modelpath"), getOptionList(options, "includepath"));
+    std::string const modelName = getOption(options, "modelname");
+    if (!file.TryGetModel(modelName)) {
+        std::cerr << "Model '" << modelName << "' not found.\n";
+        return 1;
+    }
+    throw std::runtime_error("Model '" + modelName +
+                             "' loaded, but running models is not available in this build yet");
 }
 
 } // namespace
