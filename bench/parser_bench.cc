@@ -50,7 +50,7 @@ void BM_Parse(benchmark::State& state) {
         model.createRecursive(kel::Root::ClassName);
         language::Parser parser(model);
         std::istringstream in(text);
-        benchmark::DoNotOptimize(parser.parseStream(in, "bench.kel", {}, false, false));
+        benchmark::DoNotOptimize(parser.parseStream(in, "bench.kel", {}, false, false, false));
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }

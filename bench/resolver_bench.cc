@@ -43,7 +43,7 @@ void parse(benchmark::State& state, std::string const& text, bool resolve) {
         model.createRecursive(kel::Root::ClassName);
         language::Parser parser(model);
         std::istringstream in(text);
-        bool ok = parser.parseStream(in, "bench.kel", {}, false, resolve);
+        bool ok = parser.parseStream(in, "bench.kel", {}, false, false, resolve);
         if (!ok) {
             state.SkipWithError("the generated source does not resolve");
         }

@@ -4,6 +4,7 @@
 #include "parser/ImportPaths.h"
 #include "parser/Resolver.h"
 #include "parser/Scanner.h"
+#include "parser/TypeChecker.h"
 
 #include <fstream>
 
@@ -27,7 +28,7 @@ Parser::Parser(om::ObjectModel& model, Files* files, Imported imported, bool ful
     : GrammarActions(model, files), m_imported(imported), m_fullImports(fullImports) {}
 
 bool Parser::parseFile(std::string const& file, std::vector<std::string> const& includePaths,
-                       bool fullImports) {
+                       bool fullImports, bool check) {
     m_includePaths = includePaths;
     m_fullImports = fullImports;
     m_parsedFiles.insert(file);
@@ -36,16 +37,17 @@ bool Parser::parseFile(std::string const& file, std::vector<std::string> const& 
         fileNotFound(file, nullptr);
         return false;
     }
-    return parseStreamRecursive(stream, file, fullImports);
+    return parseStreamRecursive(stream, file, fullImports, check);
 }
 
-bool Parser::parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports) {
+bool Parser::parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports,
+                                  bool check) {
     m_directory = directoryOf(name);
-    return parseStream(stream, name, m_includePaths, fullImports, m_imported == NotImported);
+    return parseStream(stream, name, m_includePaths, fullImports, check, m_imported == NotImported);
 }
 
 bool Parser::parseStream(std::istream& stream, std::string const& name,
-                         std::vector<std::string> const& includePaths, bool fullImports,
+                         std::vector<std::string> const& includePaths, bool fullImports, bool check,
                          bool resolve) {
     m_includePaths = includePaths;
     m_fullImports = fullImports;
@@ -62,10 +64,24 @@ bool Parser::parseStream(std::istream& stream, std::string const& name,
     if (!resolve) {
         return parsed;
     }
+    bool const passed = resolveAndCheck(check);
+    return parsed && passed && !hasErrors();
+}
+
+// Resolution runs also after a failed parse; each check after it runs only
+// where its premises hold.
+bool Parser::resolveAndCheck(bool check) {
     Resolver resolver(m_model, sharedFiles());
-    bool resolved = resolver.resolveAllReferences();
+    bool const resolved = resolver.resolveAllReferences();
     importErrors(resolver);
-    return parsed && resolved && !hasErrors();
+    if (!check) {
+        return resolved;
+    }
+    TypeChecker typeChecker(m_model, sharedFiles());
+    bool const typed = typeChecker.checkAllExpressionTypes();
+    importErrors(typeChecker);
+    // Well-formedness rules assume a resolved and well-typed tree.
+    return resolved && typed;
 }
 
 void Parser::fileNotFound(std::string const& file, location const* where) {

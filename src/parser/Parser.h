@@ -25,15 +25,19 @@ public:
     // For an imported file, sharing the importer's list of files.
     Parser(om::ObjectModel& model, Files* files, Imported imported, bool fullImports);
 
-    // Parses the file; false when it cannot be opened or has errors.
+    // Parses the file; false when it cannot be opened or has errors. With
+    // `check`, the resolved tree is checked as well.
     bool parseFile(std::string const& file, std::vector<std::string> const& includePaths,
-                   bool fullImports);
+                   bool fullImports, bool check);
     // Parses the stream under the given name, then, with `resolve`, resolves the
-    // whole tree, also after a failed parse; true without errors.
+    // whole tree, also after a failed parse, and with `check` checks it; true
+    // without errors.
     bool parseStream(std::istream& stream, std::string const& name,
-                     std::vector<std::string> const& includePaths, bool fullImports, bool resolve);
+                     std::vector<std::string> const& includePaths, bool fullImports, bool check,
+                     bool resolve);
     // parseStream, with imports looked for next to the named file first.
-    bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports);
+    bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports,
+                              bool check);
 
     // Lets the generated scanner and parser report their steps on the log stream.
     void setTracing(bool scanning, bool parsing) {
@@ -158,6 +162,9 @@ public:
                                             std::string const& value) override;
 
 private:
+    // The passes over the parsed tree; true when all that ran passed.
+    bool resolveAndCheck(bool check);
+
     // Where the declaration behind a dotted name goes in the namespace around it.
     enum class Container { Namespaces, Types, Models };
 

@@ -46,7 +46,7 @@ void Parser::handleImportClause(std::string const& file, L const& where) {
                         preParser.hasUsable() ? ImportedUsable : ImportedComponents, m_fullImports);
         imported.m_includePaths = searchList;
         std::ifstream stream(candidate);
-        imported.parseStreamRecursive(stream, candidate, m_fullImports);
+        imported.parseStreamRecursive(stream, candidate, m_fullImports, false);
         importErrors(imported);
         return;
     }

@@ -36,8 +36,6 @@ public:
     // never back to true. A type of a constant lives as long as this checker.
     kel::TypeDeclaration const* tryGetAndCheckType(kel::Expression const& expression, bool& ok);
 
-    BuiltinTypes& types() { return m_types; }
-
 private:
     // ---- Declarations.
     bool checkReturnTypeIsNoData(kel::TypeReference const* returnType);

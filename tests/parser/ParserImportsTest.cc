@@ -39,7 +39,7 @@ protected:
     std::string path(std::string const& name) const { return (m_dir / name).string(); }
 
     bool parseFile(std::string const& name, std::vector<std::string> const& includePaths = {}) {
-        return parser.parseFile(path(name), includePaths, false);
+        return parser.parseFile(path(name), includePaths, false, false);
     }
 
     std::string errors() const {
@@ -130,7 +130,7 @@ TEST_F(ParserImportsTest, FullImportsKeepBehavioursAndSystems) {
     write("lib.kel", "component L { provides I p; behaviour { on p.e: illegal; } }\n"
                      "component S { system { L l; } }");
     write("main.kel", "import lib.kel;\ninterface I { in void e(); }");
-    ASSERT_TRUE(parser.parseFile(path("main.kel"), {}, true)) << errors();
+    ASSERT_TRUE(parser.parseFile(path("main.kel"), {}, true, false)) << errors();
     // Resolving "illegal" adds the unnamed default interface behind them.
     EXPECT_EQ(modelNames(), "L S I ");
     EXPECT_TRUE(model(0).hasBehaviour());

@@ -16,7 +16,7 @@ class ParserTest : public testing::Test {
 protected:
     bool parse(std::string const& source) {
         std::istringstream in(source);
-        return parser.parseStream(in, "t.kel", {}, false, false);
+        return parser.parseStream(in, "t.kel", {}, false, false, false);
     }
 
     std::string errors() const {
@@ -143,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
                            "t.kel:1:36: Only 'kel.async' allowed: 'J'\n"}));
 
 TEST_F(ParserTest, AFileThatCannotBeOpenedIsAnErrorWithoutPosition) {
-    EXPECT_FALSE(parser.parseFile("/nonexistent/dir/x.kel", {}, false));
+    EXPECT_FALSE(parser.parseFile("/nonexistent/dir/x.kel", {}, false, false));
     EXPECT_EQ(errors(), ": cannot open '/nonexistent/dir/x.kel'\n");
 }
 

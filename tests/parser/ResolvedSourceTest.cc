@@ -40,7 +40,7 @@ protected:
     // Parses and resolves the source; its errors, one line each.
     Lines parseAndResolve(std::string const& source) {
         std::istringstream in(source);
-        succeeded = parser.parseStream(in, "t.kel", {}, false, true);
+        succeeded = parser.parseStream(in, "t.kel", {}, false, false, true);
         std::ostringstream out;
         parser.printErrors(out);
         Lines errors;
@@ -145,7 +145,7 @@ TEST(ResolvedSourceDriverTest, ResolvesAfterAFailedParseAndReportsBehindTheParse
     TestStore store;
     Parser parser{store.model};
     std::istringstream in("component C { behaviour { bool a = u; } }\nenum E {};");
-    EXPECT_FALSE(parser.parseStream(in, "t.kel", {}, false, true));
+    EXPECT_FALSE(parser.parseStream(in, "t.kel", {}, false, false, true));
     std::ostringstream out;
     parser.printErrors(out);
     EXPECT_EQ(out.str(), "t.kel:2:9: syntax error, unexpected }, expecting identifier\n"
@@ -158,7 +158,7 @@ TEST(ResolvedSourceDriverTest, ACleanSourceLeavesNoNameUnresolved) {
     std::istringstream in(
         "interface I { in void e(); }\n"
         "component C { provides I p; behaviour { bool a = true; on p.e(): a = !a; } }");
-    EXPECT_TRUE(parser.parseStream(in, "t.kel", {}, false, true));
+    EXPECT_TRUE(parser.parseStream(in, "t.kel", {}, false, false, true));
     for (om::Object const* object : store.model.getRootObjectsVec()) {
         for (om::Object const* node : store.model.getTreeVec(object)) {
             EXPECT_EQ(dynamic_cast<kel::NameExpression const*>(node), nullptr);

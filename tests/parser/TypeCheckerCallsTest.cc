@@ -15,39 +15,12 @@ protected:
     Oid f = function("f", "bool", {parameter("a", smallType), parameter("b", boolType)});
 };
 
-TEST_F(TypeCheckerCallsTest, AnArgumentOfAnotherTypeIsReportedWhereItStands) {
-    bool ok = true;
-    // 3: f(true, 1)
-    EXPECT_EQ(typeOf(call(f, {boolean(3, 3), integer(3, 9)}, 3, 1), ok), "bool");
-    EXPECT_FALSE(ok);
-    EXPECT_THAT(errors(), ElementsAre("t.kel:3:3: argument does not match Parameter Type",
-                                      "t.kel:3:9: argument does not match Parameter Type"));
-}
-
 TEST_F(TypeCheckerCallsTest, ErrorsInsideAnArgumentComeFirstAndAUnknownTypePasses) {
     bool ok = true;
     // 4: f(true + 1, nowhere)
     Oid sum = binary(kel::constructPlusExpression, boolean(4, 3), integer(4, 10), 4, 8);
     typeOf(call(f, {sum, unresolvedName(4, 13)}, 4, 1), ok);
     EXPECT_THAT(errors(), ElementsAre("t.kel:4:8: '+' requires an int first argument"));
-}
-
-TEST_F(TypeCheckerCallsTest, EachSurplusArgumentIsReportedAndNotLookedInto) {
-    bool ok = true;
-    // 5: f(1, true, 2 + true, 3)
-    Oid sum = binary(kel::constructPlusExpression, integer(5, 12), boolean(5, 16), 5, 14);
-    typeOf(call(f, {integer(5, 3), boolean(5, 6), sum, integer(5, 22)}, 5, 1), ok);
-    EXPECT_FALSE(ok);
-    EXPECT_THAT(errors(),
-                ElementsAre("t.kel:5:14: unexpected argument", "t.kel:5:22: unexpected argument"));
-}
-
-TEST_F(TypeCheckerCallsTest, MissingArgumentsAreReportedOnceAtTheCall) {
-    bool ok = true;
-    // 6: f(true)
-    typeOf(call(f, {boolean(6, 3)}, 6, 1), ok);
-    EXPECT_THAT(errors(), ElementsAre("t.kel:6:3: argument does not match Parameter Type",
-                                      "t.kel:6:1: missing arguments in Function call: 'f'"));
 }
 
 TEST_F(TypeCheckerCallsTest, AVoidFunctionYieldsNoType) {

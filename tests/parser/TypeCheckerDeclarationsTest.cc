@@ -78,30 +78,6 @@ protected:
     kel::Namespace const& spaceOf(Oid id) { return find<kel::Namespace>(id); }
 };
 
-TEST_F(TypeCheckerDeclarationsTest, DataTypesAreNoReturnTypesOfEventsNorFunctions) {
-    Oid i = interface("I", {eventReturning("Msg", 2), eventReturning("bool", 3)});
-    Oid withFunctions =
-        behaviour({}, {functionReturning("Msg", 5), functionReturning("void", 6)}, {});
-    addModel(space(), i);
-    addModel(space(), component({}, {}, withFunctions));
-    EXPECT_FALSE(checker.checkAllEventDeclarationTypes(spaceOf(space())));
-    EXPECT_FALSE(checker.checkAllFunctionDeclarationTypes(spaceOf(space())));
-    EXPECT_THAT(errors(), ElementsAre("t.kel:2:3: Datatype is not allowed as return type: 'Msg'",
-                                      "t.kel:5:3: Datatype is not allowed as return type: 'Msg'"));
-}
-
-TEST_F(TypeCheckerDeclarationsTest, BoundPortsOfDifferentInterfacesAreReportedAtTheBinding) {
-    Oid i = port(interface("I", {}));
-    Oid j = port(interface("J", {}));
-    Oid other = port(interface("I2", {}));
-    addModel(space(), component({}, {binding(i, j, 4), binding(i, om::NULL_OID, 5),
-                                     binding(om::NULL_OID, other, 6), binding(i, i, 7),
-                                     binding(j, other, 8)}));
-    EXPECT_FALSE(checker.checkAllConstructorExpressionTypes(spaceOf(space())));
-    EXPECT_THAT(errors(), ElementsAre("t.kel:4:5: '<=>' requires two arguments of equal type",
-                                      "t.kel:8:5: '<=>' requires two arguments of equal type"));
-}
-
 TEST_F(TypeCheckerDeclarationsTest, AnUnboundPortEndsTheBindingsOfTheNamespaceSilently) {
     Oid i = port(interface("I", {}));
     Oid j = port(interface("J", {}));

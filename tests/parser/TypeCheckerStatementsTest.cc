@@ -127,62 +127,6 @@ TEST_F(TypeCheckerStatementsTest, TriggerAssignmentsAreCheckedBeforeTheBody) {
                             "t.kel:2:32: Variable and expression types do not match: 's'"));
 }
 
-TEST_F(TypeCheckerStatementsTest, ARepliedValueNeedsATypeThatIsNoBehaviourLocalEnum) {
-    Oid behaviour = kel::constructBehaviour(model, "");
-    Oid localValue = kel::constructEnumValueDeclaration(model, "on");
-    Oid local = kel::constructEnumTypeDeclaration(model, "Local", {localValue});
-    edit<kel::Behaviour>(behaviour, [&](kel::Behaviour& copy) { copy.addToTypes(local); });
-    Oid localConstant =
-        at(kel::ConstructEnumConstantExpression(model, find<kel::EnumValueDeclaration>(localValue)),
-           3, 7);
-    // 2: reply(nowhere);  3: reply(Local.on);  4: reply(Color.red);  5: reply(<unbound>);
-    Oid compound = kel::constructCompoundBehaviourStatement(
-        model, {kel::constructReplyStatement(model, "", unresolvedName(2, 7)),
-                kel::constructReplyStatement(model, "", localConstant),
-                kel::constructReplyStatement(model, "", color(4, 7)),
-                kel::constructReplyStatement(model, "", unboundVariable(5, 7))});
-    EXPECT_FALSE(checkStatement(compound));
-    EXPECT_THAT(errors(),
-                ElementsAre("t.kel:2:7: Typed Expression expected in reply",
-                            "t.kel:3:7: Behaviour-local Enum value is not allowed in reply"));
-}
-
-TEST_F(TypeCheckerStatementsTest, ReturnsAreCheckedAgainstTheEnclosingFunction) {
-    auto ret = [&](Oid value, int line) {
-        return at(kel::constructReturnStatement(model, value), line, 3);
-    };
-    // void v() { return 1; }   bool w() { return; return 1; return b; return <unbound>; }
-    // Small x() { return 5; }
-    Oid v = function("v", "void", {}, {ret(integer(2, 10), 2)});
-    Oid w = function("w", "bool", {},
-                     {ret(om::NULL_OID, 4), ret(integer(5, 10), 5), ret(use(b, 6, 10), 6),
-                      ret(unboundVariable(7, 10), 7)});
-    Oid x = function("x", "Small", {}, {ret(integer(9, 10), 9)});
-    for (Oid f : {v, w, x}) {
-        checkStatement(find<kel::FunctionDeclaration>(f).getStatement().getOid());
-    }
-    EXPECT_THAT(errors(), ElementsAre("t.kel:2:10: Return expression not allowed in void function.",
-                                      "t.kel:4:3: Valued function must return a value.",
-                                      "t.kel:5:10: Return type does not match function type."));
-}
-
-TEST_F(TypeCheckerStatementsTest, AReturnOfNoTypeIsReportedAndDoesNotMatchTheFunction) {
-    Oid ret = at(kel::constructReturnStatement(model, unresolvedName(2, 10)), 2, 3);
-    Oid w = function("w", "bool", {}, {ret});
-    EXPECT_FALSE(checkStatement(find<kel::FunctionDeclaration>(w).getStatement().getOid()));
-    EXPECT_THAT(errors(), ElementsAre("t.kel:2:10: Typed Expression expected in return.",
-                                      "t.kel:2:10: Return type does not match function type."));
-}
-
-TEST_F(TypeCheckerStatementsTest, AReturnOutsideAFunctionIsNotLookedAt) {
-    Oid behaviour = kel::constructBehaviour(model, "");
-    Oid ret = kel::constructReturnStatement(model, integer(1, 8));
-    edit<kel::CompoundStatement>(find<kel::Behaviour>(behaviour).getStatement().getOid(),
-                                 [&](kel::CompoundStatement& copy) { copy.addToStatements(ret); });
-    EXPECT_TRUE(checker.checkBehaviourExpressionTypes(find<kel::Behaviour>(behaviour)));
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
 TEST_F(TypeCheckerStatementsTest, CallsAndActionsAsStatementsAreChecked) {
     Oid f = function("f", "void", {parameter("a", boolType)});
     Oid callStatement = model.createRecursive(kel::FunctionCallStatement::ClassName)->getOid();
