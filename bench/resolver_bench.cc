@@ -19,7 +19,8 @@ std::string manyModels(int count) {
         text += "interface I" + n + " { in void e(S a); out void f();\n" +
                 "  behaviour { bool b = false; on e: { b = !b; f; } } }\n" + "component C" + n +
                 " { provides I" + n + " p; behaviour {\n" +
-                "  S s = 0;\n  on p.e(x): { s = x; p.f(); } } }\n";
+                "  S s = 0;\n  [s < 9] on p.e(x): { s = x; p.f(); }\n" +
+                "  [otherwise] on p.e: illegal; } }\n";
     }
     return text;
 }

@@ -156,8 +156,8 @@ private:
                                  LocalVariablesScope& scope);
     bool resolveVariableDeclarationStatement(kel::VariableDeclarationStatement const& statement,
                                              LocalVariablesScope& scope);
-    bool resolveEventPort(kel::EventInstance const& instance, LocalVariablesScope const& scope,
-                          Scope const*& eventScope);
+    bool resolveEventPort(kel::EventInstance const& instance, bool inComponent,
+                          LocalVariablesScope const& scope, Scope const*& eventScope);
     bool checkEventArguments(kel::EventInstance const& instance);
     bool bindTrigger(kel::EventInstance const& trigger, LocalVariablesScope const& scope,
                      OnEventScope& bound);
@@ -172,14 +172,21 @@ private:
     void errorAt(kel::Location const& object, std::string const& message) {
         error(getLocation(object), message);
     }
-    // A new stored object of class T, with the location of `at`.
+    // A copy of a new object of class T in the store, placed at `at`, to fill and store.
     template <class T> T newAt(kel::Location const& at);
+    // Stores the copy; the stored object.
     template <class T> T const& store(T const& copy);
+    // Names the stored object `id` and places it at `at`.
     void nameAt(om::Oid id, std::string const& name, kel::Location const& at);
+    // Stores the copy and puts it where `old` stood.
     template <class T> T const& replaceBy(om::Object const& old, T const& copy);
+    // "illegal", "optional" and "inevitable", by the name of the instance's event.
     static bool isBuiltin(kel::EventInstance const& instance);
 
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;
+    // Found once: the store's lookups of these walk the whole default namespace.
+    kel::EventDeclaration const* m_illegalEvent = nullptr;
+    kel::TypeDeclaration const* m_boolType = nullptr;
 };
 
 template <class S> S& Resolver::getScope(om::Oid id, Scope const& parent) {

@@ -45,15 +45,21 @@ bool Resolver::resolve(kel::EventInstance const& instance, LocalVariablesScope c
         }
         return true;
     }
+    om::Object const* model = instance.tryGetParentOfType(kel::ModelDeclaration::ClassName);
+    if (model == nullptr) {
+        throw om::OMException("Object doesn't have parent of type " +
+                              kel::ModelDeclaration::ClassName);
+    }
+    bool inComponent = dynamic_cast<kel::ComponentDeclaration const*>(model) != nullptr;
     Scope const* eventScope = &scope;
-    if (instance.hasPort() && !resolveEventPort(instance, scope, eventScope)) {
+    if (instance.hasPort() && !resolveEventPort(instance, inComponent, scope, eventScope)) {
         return FALSE();
     }
     if (!resolve(instance.getEvent(), *eventScope)) {
         return FALSE();
     }
     std::string const& eventName = instance.getEvent().getName();
-    if (instance.tryGetParentOfType(kel::InterfaceDeclaration::ClassName) != nullptr) {
+    if (!inComponent) {
         if (instance.getParentheses()) {
             errorAt(instance, "Event must be used without parentheses: " + q(eventName));
             return FALSE();
@@ -75,14 +81,9 @@ bool Resolver::resolve(kel::EventInstance const& instance, LocalVariablesScope c
 }
 
 // The scope of the interface of the instance's port, where its event is declared.
-bool Resolver::resolveEventPort(kel::EventInstance const& instance,
+bool Resolver::resolveEventPort(kel::EventInstance const& instance, bool inComponent,
                                 LocalVariablesScope const& scope, Scope const*& eventScope) {
-    om::Object const* model = instance.tryGetParentOfType(kel::ModelDeclaration::ClassName);
-    if (model == nullptr) {
-        throw om::OMException("Object doesn't have parent of type " +
-                              kel::ModelDeclaration::ClassName);
-    }
-    if (dynamic_cast<kel::ComponentDeclaration const*>(model) == nullptr) {
+    if (!inComponent) {
         errorAt(instance,
                 "this is not a valid InterfaceInstance: " +
                     q(instance.getPort().getName() + "." + instance.getEvent().getName()));
@@ -118,7 +119,10 @@ bool Resolver::checkEventArguments(kel::EventInstance const& instance) {
 kel::EventDeclaration const* Resolver::tryGetBuiltinEvent(kel::EventInstance const& instance) {
     std::string const& name = instance.getEvent().getName();
     if (name == "illegal") {
-        return kel::GetIllegalEvent(m_model);
+        if (m_illegalEvent == nullptr) {
+            m_illegalEvent = kel::GetIllegalEvent(m_model);
+        }
+        return m_illegalEvent;
     }
     auto const* interface = dynamic_cast<kel::InterfaceDeclaration const*>(
         instance.tryGetParentOfType(kel::InterfaceDeclaration::ClassName));

@@ -66,7 +66,10 @@ bool Resolver::resolveBoolType(kel::TypeReference const& reference) {
         errorAt(reference, "bool is not allowed as type here");
         return FALSE();
     }
-    setDeclaration(reference, kel::GetBoolTypeDeclaration(m_model)->getOid());
+    if (m_boolType == nullptr) {
+        m_boolType = kel::GetBoolTypeDeclaration(m_model);
+    }
+    setDeclaration(reference, m_boolType->getOid());
     return true;
 }
 

@@ -13,7 +13,6 @@ std::vector<om::Oid> argumentIds(kel::NameExpression const& expression) {
 
 } // namespace
 
-// Names a stored reference and gives it a location.
 void Resolver::nameAt(om::Oid id, std::string const& name, kel::Location const& at) {
     std::unique_ptr<om::Object> copy = m_model.find(id)->clone();
     auto& named = dynamic_cast<kel::Named&>(*copy);

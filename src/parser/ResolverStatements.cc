@@ -76,9 +76,7 @@ bool Resolver::resolveReplyStatement(kel::ReplyStatement const& statement,
     if (kel::PortReference const* port = statement.tryGetPort()) {
         om::Oid id = lookupReference<kel::PortDeclaration>(port->getName(), scope);
         if (id != om::NULL_OID) {
-            kel::PortReference copy(*port);
-            copy.setDeclaration(id);
-            m_model.update(copy);
+            setDeclaration(*port, id);
         } else {
             errorAt(statement, "undefined Port reference: " + q(port->getName()));
             ok = FALSE();

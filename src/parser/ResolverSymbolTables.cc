@@ -9,6 +9,15 @@ std::vector<om::Oid> childIds(om::Object const& object, std::string const& compo
     return object.getComposition(composition).asOidVec();
 }
 
+// Enters the object under its name unless the scope has that name already.
+bool enter(Resolver& resolver, Scope const& scope, SymbolTable& table, kel::Named const& object) {
+    if (!resolver.checkNewName(scope, object)) {
+        return false;
+    }
+    table.emplace(object.getName(), object.getOid());
+    return true;
+}
+
 } // namespace
 
 void Resolver::mergeNamespaces(kel::ConstNamespaceVec namespaces) {
@@ -27,16 +36,6 @@ void Resolver::mergeNamespaces(kel::ConstNamespaceVec namespaces) {
         m_model.update(merged);
         mergeNamespaces(first.getNamespaces());
     }
-}
-
-// Enters the object under its name unless the scope has that name already.
-static bool enter(Resolver& resolver, Scope const& scope, SymbolTable& table,
-                  kel::Named const& object) {
-    if (!resolver.checkNewName(scope, object)) {
-        return false;
-    }
-    table.emplace(object.getName(), object.getOid());
-    return true;
 }
 
 bool Resolver::buildRootSymbolTable(kel::Root const& root) {

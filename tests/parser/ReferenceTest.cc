@@ -97,6 +97,19 @@ TEST_F(ReferenceTest, OnlyTheFirstPartOfATypeNameLooksOutward) {
     EXPECT_EQ(value.getValue().getDeclaration().getName(), "x");
 }
 
+TEST_F(ReferenceTest, BehindAnInterfaceOnlyItsTypesAndEventsAreFound) {
+    // 1: subint S {0..1};
+    // 2: interface I { subint T {0..1}; }
+    // 3: component C { behaviour { I.T t = 0; I.S s = 0; } }
+    om::Oid t = variable("I.T", "t", number(0, 3), 3);
+    om::Oid inner = at(kel::constructIntTypeDeclaration(model, "T", 0, 1), 2, 15);
+    declare({at(kel::constructIntTypeDeclaration(model, "S", 0, 1), 1, 1),
+             interface("I", {inner}, om::NULL_OID, 2),
+             component("C", {}, behaviour({t, variable("I.S", "s", number(0, 3), 3)}, {}), 3)});
+    EXPECT_THAT(resolve(), ElementsAre("t.kel:3:1: undefined Type reference: 'I.S'"));
+    EXPECT_EQ(get<kel::VariableDeclaration>(t).getType().getDeclarationOid(), inner);
+}
+
 TEST_F(ReferenceTest, ALeadingDotStartsFromTheDefaultNamespace) {
     // 1: enum E { x };
     // 2: namespace n { enum E { y }; component C { behaviour { .E v = .E.x; } } }

@@ -65,7 +65,15 @@ TEST_P(ResolvedSourceTest, ReportsWhatEachLineSays) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sources, ResolvedSourceTest,
-                         testing::Values(SourceCase{"EnumValues", R"kel(
+                         testing::Values(SourceCase{"AsyncInternals", R"kel(
+interface I { in void e(); }
+component C { provides I p; behaviour {
+  requires kel.async x;
+  on p.e(): x.req();
+  on x.ack(): x.req; //@15: Event must be used with parentheses: 'req'
+} }
+)kel"},
+                                         SourceCase{"EnumValues", R"kel(
 enum E { a, b, a }; //@16: identifier declared before: 'a' //@10: previous 'a' defined here
 component C { behaviour { E v = E.a; E w = E.b; } }
 )kel"},

@@ -1,14 +1,22 @@
 #include "parser/BehaviourScope.h"
+#include "parser/ComponentScope.h"
+#include "parser/CompoundScope.h"
+#include "parser/EnumTypeScope.h"
 #include "parser/FunctionScope.h"
+#include "parser/InterfaceScope.h"
+#include "parser/LocalVariablesScope.h"
 #include "parser/ModelScope.h"
 #include "parser/NamespaceScope.h"
+#include "parser/OnEventScope.h"
 #include "parser/Resolver.h"
 #include "parser/RootScope.h"
 #include "parser/SystemScope.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <iostream>
+#include <memory>
 #include <sstream>
 
 namespace language {
@@ -93,6 +101,35 @@ TEST(ScopeTest, PrintWritesTablesInTheirPrintOrderAndEntriesInNameOrder) {
                               "  functions: \n"
                               "    f: 11\n"
                               "    g: 12\n");
+}
+
+struct PrintCase {
+    std::function<std::unique_ptr<Scope>(Scope const&)> make;
+    std::string text;
+};
+
+template <class S> std::function<std::unique_ptr<Scope>(Scope const&)> maker() {
+    return [](Scope const& parent) { return std::make_unique<S>(parent); };
+}
+
+TEST(ScopeTest, AnEmptyScopePrintsItsHeaderAndTheLabelOfEachTable) {
+    std::vector<PrintCase> const cases = {
+        {maker<NamespaceScope>(),
+         "NamespaceScope: \n  namespaces: \n  interfaces: \n  components: \n  types: \n"},
+        {maker<InterfaceScope>(), "InterfaceScope: \n  types: \n  internals: \n"},
+        {maker<ComponentScope>(), "ComponentScope: \n  ports: \n"},
+        {maker<SystemScope>(), "SystemScope: \n  ports: \n  instances: \n"},
+        {maker<EnumTypeScope>(), "EnumTypeScope: \n  values: \n"},
+        {maker<LocalVariablesScope>(), "LocalVariablesScope: \n  variables: \n"},
+        {maker<FunctionScope>(), "FunctionScope: \n  variables: \n  parameters: \n"},
+        {maker<CompoundScope>(), "CompoundScope: \n  variables: \n"},
+        {maker<OnEventScope>(), "OnEventScope: \n  variables: \n"},
+    };
+    RootScope root;
+    EXPECT_EQ(printed(root), "RootScope: \n  namespaces: \n");
+    for (PrintCase const& entry : cases) {
+        EXPECT_EQ(printed(*entry.make(root)), entry.text);
+    }
 }
 
 TEST(ScopeTest, ACopyKeepsTheTablesAndHasTheOriginalAsParent) {

@@ -2,6 +2,8 @@
 // the variables their arguments bind. Each test shows the source its tree stands for.
 #include "ResolverFixture.h"
 
+#include "om/OMException.h"
+
 #include <gmock/gmock.h>
 
 namespace language::test {
@@ -163,6 +165,30 @@ TEST_F(TriggerTest, OptionalInAComponentStaysUnresolvedAndAnUnknownPortIsReporte
                        on({trigger("q", "e", true, {}, 5, 4)}, useOf("s", 5), 5)});
     EXPECT_THAT(resolve(), ElementsAre("t.kel:5:4: undefined Port reference: 'q'"));
     EXPECT_FALSE(get<kel::EventInstance>(optional).getEvent().hasDeclaration());
+}
+
+// Broken preconditions are exceptions, not errors of the source.
+TEST_F(TriggerTest, AnEventOutsideAnyModelAndAnUnknownStatementAreExceptions) {
+    Resolver resolver(model, &files);
+    RootScope root;
+    LocalVariablesScope scope(root);
+    auto const& loose = get<kel::EventInstance>(trigger("", "e", true, {}, 1, 1));
+    try {
+        resolver.resolve(loose, scope, true);
+        ADD_FAILURE() << "no exception";
+    } catch (om::OMException const& failure) {
+        EXPECT_STREQ(failure.what(), "Object doesn't have parent of type kel::ModelDeclaration");
+    }
+    auto const& bare = *model.createRecursive(kel::BehaviourStatement::ClassName);
+    try {
+        resolver.resolveReferencesBehaviourStatement(om::AsType<kel::BehaviourStatement>(bare),
+                                                     scope);
+        ADD_FAILURE() << "no exception";
+    } catch (om::OMException const& failure) {
+        EXPECT_STREQ(failure.what(),
+                     "unexpected statement type in "
+                     "resolveReferencesBehaviourStatement: kel::BehaviourStatement");
+    }
 }
 
 } // namespace
