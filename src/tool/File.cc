@@ -67,8 +67,9 @@ void File::initObjectModelWithNewRoot() {
 void File::loadFile(std::string const& path, std::vector<std::string> const& includePaths) {
     initObjectModelWithNewRoot();
     language::Parser parser(m_objectModel);
-    bool const loaded = path == "-" ? parser.parseStream(std::cin, "stdin", includePaths, true)
-                                    : parser.parseFile(path, includePaths, false);
+    bool const loaded = path == "-"
+                            ? parser.parseStream(std::cin, "stdin", includePaths, true, true, true)
+                            : parser.parseFile(path, includePaths, false, true);
     if (!loaded) {
         std::ostringstream text;
         text << "Parsing failed: \n";
