@@ -5,6 +5,7 @@
 #include "parser/Resolver.h"
 #include "parser/Scanner.h"
 #include "parser/TypeChecker.h"
+#include "parser/WellformednessChecker.h"
 
 #include <fstream>
 
@@ -81,7 +82,13 @@ bool Parser::resolveAndCheck(bool check) {
     bool const typed = typeChecker.checkAllExpressionTypes();
     importErrors(typeChecker);
     // Well-formedness rules assume a resolved and well-typed tree.
-    return resolved && typed;
+    if (!resolved || !typed) {
+        return false;
+    }
+    WellformednessChecker wellformednessChecker(m_model, sharedFiles());
+    bool const wellformed = wellformednessChecker.checkWellformedness();
+    importErrors(wellformednessChecker);
+    return wellformed;
 }
 
 void Parser::fileNotFound(std::string const& file, location const* where) {
