@@ -157,11 +157,17 @@ bool WellformednessChecker::hasReturn(kel::BehaviourStatement const& statement) 
 void WellformednessChecker::addMissingReturn(kel::CompoundStatement const& compound) {
     auto ret = kel::NewCopy<kel::ReturnStatement>(m_model);
     // It points at the end of the body, where the return is missing.
-    setLocation(ret, compound);
-    ret.setBeginLine(compound.getEndLine());
-    ret.setBeginColumn(compound.getEndColumn());
-    ret.setLine(compound.getEndLine());
-    ret.setColumn(compound.getEndColumn());
+    if (compound.hasFile()) {
+        ret.setFile(compound.getFileOid());
+    }
+    for (auto set :
+         {&kel::Location::setBeginLine, &kel::Location::setLine, &kel::Location::setEndLine}) {
+        (ret.*set)(compound.getEndLine());
+    }
+    for (auto set : {&kel::Location::setBeginColumn, &kel::Location::setColumn,
+                     &kel::Location::setEndColumn}) {
+        (ret.*set)(compound.getEndColumn());
+    }
     om::Oid id = kel::Store(m_model, ret);
     kel::CompoundStatement copy(compound);
     copy.addToStatements(id);
