@@ -31,7 +31,8 @@ public:
     // Parses the stream under the given name, then, with `resolve`, resolves the
     // whole tree, also after a failed parse; true without errors.
     bool parseStream(std::istream& stream, std::string const& name,
-                     std::vector<std::string> const& includePaths, bool fullImports, bool resolve);
+                     std::vector<std::string> const& includePaths, bool fullImports,
+                     bool resolve = true);
     // parseStream, with imports looked for next to the named file first.
     bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports);
 
