@@ -12,6 +12,10 @@ std::int32_t asInt(std::uint32_t value) { return static_cast<std::int32_t>(value
 
 std::uint32_t asCount(std::int32_t value) { return static_cast<std::uint32_t>(value); }
 
+std::string const* fileNameOf(kel::Location const& object) {
+    return object.hasFile() ? &object.getFile().getName() : nullptr;
+}
+
 } // namespace
 
 kel::File const& ParserBase::addFile(std::string const& name) {
@@ -34,9 +38,11 @@ kel::File const& ParserBase::GetFile(std::string const& name) const {
 }
 
 location ParserBase::getLocation(kel::Location const& object) {
-    std::string const* file = object.hasFile() ? &object.getFile().getName() : nullptr;
+    // Errors point at an object's main position (a declaration's name, an
+    // operator), not at the start of its text.
+    std::string const* file = fileNameOf(object);
     location where;
-    where.begin = {file, asCount(object.getBeginLine()), asCount(object.getBeginColumn())};
+    where.begin = {file, asCount(object.getLine()), asCount(object.getColumn())};
     where.end = {file, asCount(object.getEndLine()), asCount(object.getEndColumn())};
     return where;
 }
@@ -69,8 +75,9 @@ void ParserBase::setLocation(kel::Location& object, location const& where) const
 
 void ParserBase::setLocation(kel::Location& object, kel::Location const& other) const {
     location span = getLocation(other);
-    location at = span;
-    at.begin = {span.begin.filename, asCount(other.getLine()), asCount(other.getColumn())};
+    location const at = span;
+    span.begin = {span.begin.filename, asCount(other.getBeginLine()),
+                  asCount(other.getBeginColumn())};
     setLocation(object, span, span, at);
 }
 

@@ -84,6 +84,19 @@ TEST_F(ParserBaseLocationsTest, UpdateLocationStoresTheSpanAndGetLocationReadsIt
     EXPECT_EQ(copied.location.end.column, 9u);
 }
 
+TEST_F(ParserBaseLocationsTest, GetLocationBeginsAtTheMainPosition) {
+    std::string const name = "a.kel";
+    base.addFile(name);
+    om::Oid id = kel::NewNamed<kel::EnumValueDeclaration>(store.model, "x");
+    base.updateLocation(id, span(&name, 3, 1, 3, 2), span(&name, 4, 1, 4, 9),
+                        span(&name, 3, 7, 3, 8));
+    location read = ParserBase::getLocation(kel::Find<kel::EnumValueDeclaration>(store.model, id));
+    EXPECT_EQ(read.begin.line, 3u);
+    EXPECT_EQ(read.begin.column, 7u);
+    EXPECT_EQ(read.end.line, 4u);
+    EXPECT_EQ(read.end.column, 9u);
+}
+
 TEST_F(ParserBaseLocationsTest, ACopiedLocationKeepsTheMainPosition) {
     std::string const name = "a.kel";
     base.addFile(name);

@@ -132,9 +132,9 @@ INSTANTIATE_TEST_SUITE_P(
                            "t.kel:1:11: syntax error, component cannot have both behaviour and "
                            "system clause\n"},
         ConstructErrorCase{"interface I { behaviour { void f() { enum E { a }; } } }",
-                           "t.kel:1:38: syntax error, unexpected type declaration\n"},
+                           "t.kel:1:43: syntax error, unexpected type declaration\n"},
         ConstructErrorCase{"interface I { behaviour { void f() { void g() { } } } }",
-                           "t.kel:1:38: syntax error, unexpected function declaration\n"},
+                           "t.kel:1:43: syntax error, unexpected function declaration\n"},
         ConstructErrorCase{"interface I { behaviour { on p.e(a, 1): illegal; } }",
                            "t.kel:1:37: syntax error, expression not allowed here\n"},
         ConstructErrorCase{"interface I { behaviour { p.q.reply(); } }",

@@ -81,7 +81,7 @@ component C { behaviour { E v = E.a; E w = E.b; } }
 interface I { in void e(); enum R { ok, nok }; }
 component C { provides I p; behaviour {
   I.R r = I.R.ok;
-  bool f(bool x) { return x; }
+  bool f(bool x) { bool x = !x; return x; }
   bool a = u;        //@12: Undefined identifier: 'u'
   bool b = p;        //@12: Expression with type 'Port' not allowed here: 'p'
   bool c = a();      //@12: Parentheses not allowed for variable: 'a'

@@ -1,5 +1,5 @@
-// Return types of events and functions, bindings, initial values of behaviour
-// variables, and the order in which the passes report.
+// Unbound ports that end the bindings, initial values of behaviour variables,
+// and the order in which the passes report.
 #include "TypeTreeFixture.h"
 
 #include <gmock/gmock.h>

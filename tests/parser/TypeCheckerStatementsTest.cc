@@ -1,5 +1,6 @@
-// Rules of statements: assignments, declarations, guards, ifs, triggers,
-// replies, returns.
+// Rules of statements on trees that no source can give: unbound references,
+// names the resolver left, statements of an unknown class; and the order of
+// assignments, declarations, guards, ifs and triggers.
 #include "TypeTreeFixture.h"
 
 #include "om/OMException.h"
