@@ -89,18 +89,8 @@ bool WellformednessChecker::checkRecursive(kel::BehaviourStatement const& statem
 }
 
 bool WellformednessChecker::report(kel::Location const& at, std::string const& message) {
-    error(locationOf(at), "Well-formedness error: " + message);
+    error(getLocation(at), "Well-formedness error: " + message);
     return FALSE();
-}
-
-location WellformednessChecker::locationOf(kel::Location const& object) {
-    std::string const* file = object.hasFile() ? &object.getFile().getName() : nullptr;
-    location where;
-    where.begin = {file, static_cast<std::uint32_t>(object.getLine()),
-                   static_cast<std::uint32_t>(object.getColumn())};
-    where.end = {file, static_cast<std::uint32_t>(object.getEndLine()),
-                 static_cast<std::uint32_t>(object.getEndColumn())};
-    return where;
 }
 
 } // namespace language

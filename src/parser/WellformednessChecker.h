@@ -97,8 +97,6 @@ public:
 private:
     // Reports "Well-formedness error: " and the text at the object; always false.
     bool report(kel::Location const& at, std::string const& message);
-    // Where an error at a tree object is shown: its main position.
-    static location locationOf(kel::Location const& object);
 
     bool checkBindingSides(kel::System const& system, kel::BindingStatement const& binding,
                            std::size_t index);
