@@ -152,6 +152,13 @@ component W {
                                 wf(8, 11, "Binding directions do not match"),
                                 wf(9, 13, "Binding directions do not match"),
                                 wf(11, 11, "Binding two wildcards is not allowed")}},
+                    SourceCase{"InjectedPortsOfInstancesNeedNoBinding",
+                               LEAF R"kel(
+interface T { in void e(); behaviour { on e: {} } }
+component Svc { provides I p; requires injected T t; behaviour { on p.e(): t.e(); } }
+component Top { provides I p; system { Svc s; p <=> s.p; } }
+)kel",
+                               {}},
                     SourceCase{"ExternalPorts",
                                LEAF R"kel(
 component X {

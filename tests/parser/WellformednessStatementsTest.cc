@@ -200,6 +200,20 @@ interface I {
                                {wf(6, 27, "Function calls are not allowed here"),
                                 wf(6, 44, "Function calls are not allowed here"),
                                 wf(6, 51, "Function value discarded: f")}},
+                    SourceCase{"TopOfAnElseBranchIsCheckedTwice",
+                               R"kel(
+interface I {
+  in void e();
+  behaviour {
+    bool b = true;
+    bool f(bool x) { return x; }
+    on e: if (b) f(b); else f(b);
+  }
+}
+)kel",
+                               {wf(6, 18, "Function value discarded: f"),
+                                wf(6, 29, "Function value discarded: f"),
+                                wf(6, 29, "Function value discarded: f")}},
                     SourceCase{"ActionValues",
                                R"kel(
 interface I { in bool e(); behaviour { on e: reply(true); } }

@@ -1,6 +1,7 @@
 // What the well-formedness pass changes in the tree, and what its triggers and
 // labels are.
 #include "ResolvedSource.h"
+#include "om/AsType.h"
 #include "om/OMException.h"
 #include "parser/Triggers.h"
 #include "parser/WellformednessChecker.h"
@@ -126,6 +127,17 @@ TEST(WellformednessTreeTest, LabelsOfStatements) {
     EXPECT_EQ(
         WellformednessChecker::showClassName(statements[1]->asOnEventStatement()->getStatement()),
         "Reply statement");
+}
+
+TEST(WellformednessTreeTest, UnresolvedFormsAreNoPartOfACheckedTree) {
+    TestStore store;
+    WellformednessChecker checker(store.model, nullptr);
+    auto const& statement =
+        om::AsType<kel::NameStatement>(*store.model.createRecursive(kel::NameStatement::ClassName));
+    auto const& expression = statement.getExpression();
+    EXPECT_THROW(WellformednessChecker::showClassName(statement), om::OMException);
+    EXPECT_THROW(checker.checkValuedExpr(expression), om::OMException);
+    EXPECT_THROW(checker.checkConstExpr(expression), om::OMException);
 }
 
 } // namespace
