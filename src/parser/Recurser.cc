@@ -3,6 +3,7 @@
 #include "om/AsType.h"
 #include "om/OMException.h"
 #include "om/ObjectModel.h"
+#include "parser/ModelQueries.h"
 #include "parser/RecurserCalls.h"
 #include "parser/StatementQueries.h"
 
@@ -119,11 +120,11 @@ bool Recurser::isRecursiveFunction(kel::FunctionDeclaration const& function) con
 }
 
 bool isRecursive(kel::FunctionDeclaration const& function) {
-    om::Object const* behaviour = function.tryGetParentOfType(kel::Behaviour::ClassName);
+    kel::Behaviour const* behaviour = tryGetAncestor<kel::Behaviour>(function);
     if (behaviour == nullptr) {
         throw om::OMException("Object doesn't have parent of type " + kel::Behaviour::ClassName);
     }
-    return Recurser(om::AsType<kel::Behaviour>(*behaviour)).isRecursiveFunction(function);
+    return Recurser(*behaviour).isRecursiveFunction(function);
 }
 
 } // namespace language

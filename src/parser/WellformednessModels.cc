@@ -5,24 +5,12 @@
 #include "metamodel/TreePredicates.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
+#include "parser/ModelQueries.h"
 #include "parser/Triggers.h"
 
 #include <utility>
 
 namespace language {
-
-namespace {
-
-bool hasProvidedPort(kel::ComponentDeclaration const& component) {
-    for (kel::PortDeclaration const* port : component.getPortsVec()) {
-        if (port->getDirection() == kel::idirProvided) {
-            return true;
-        }
-    }
-    return false;
-}
-
-} // namespace
 
 bool WellformednessChecker::checkWellformednessNamespace(kel::Namespace const& space) {
     bool ok = true;
@@ -127,7 +115,7 @@ bool WellformednessChecker::checkWellformednessComponent(
         ok = report(component, "Component with behaviour needs at least one trigger event: " +
                                    component.getName());
     }
-    if (!hasProvidedPort(component)) {
+    if (providedPorts(component).empty()) {
         ok = report(component, "Component with behaviour must have at least one provides port: " +
                                    component.getName());
     }
@@ -163,9 +151,8 @@ bool WellformednessChecker::checkInjectedPorts(kel::ComponentDeclaration const& 
 }
 
 bool WellformednessChecker::checkModelNameclash(kel::Named const& named) {
-    om::Object const* model = named.tryGetParentOfType(kel::ModelDeclaration::ClassName);
-    if (model == nullptr ||
-        om::AsType<kel::ModelDeclaration>(*model).getName() != named.getName()) {
+    kel::ModelDeclaration const* model = tryGetAncestor<kel::ModelDeclaration>(named);
+    if (model == nullptr || model->getName() != named.getName()) {
         return true;
     }
     return report(named, showClassName(named) +

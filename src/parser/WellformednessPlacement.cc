@@ -5,6 +5,7 @@
 #include "metamodel/TreePredicates.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
+#include "parser/ModelQueries.h"
 #include "parser/StatementQueries.h"
 #include "parser/Triggers.h"
 
@@ -26,16 +27,8 @@ bool isPlainStatement(kel::BehaviourStatement const& statement) {
     return kel::IsImperative(statement);
 }
 
-bool hasAncestor(om::Object const& object, std::string const& className) {
-    return object.tryGetParentOfType(className) != nullptr;
-}
-
-std::size_t providedPortCount(kel::ComponentDeclaration const& component) {
-    std::size_t count = 0;
-    for (kel::PortDeclaration const* port : component.getPortsVec()) {
-        count += port->getDirection() == kel::idirProvided ? 1 : 0;
-    }
-    return count;
+template <class T> bool hasAncestor(om::Object const& object) {
+    return tryGetAncestor<T>(object) != nullptr;
 }
 
 } // namespace
@@ -73,12 +66,10 @@ bool WellformednessChecker::checkBlocking(kel::BehaviourStatement const& stateme
     }
     bool ok = true;
     if (statement.asBlockingStatement() != nullptr) {
-        om::Object const* component =
-            statement.tryGetParentOfType(kel::ComponentDeclaration::ClassName);
-        if (hasAncestor(statement, kel::InterfaceDeclaration::ClassName)) {
+        auto const* component = tryGetAncestor<kel::ComponentDeclaration>(statement);
+        if (hasAncestor<kel::InterfaceDeclaration>(statement)) {
             ok = report(statement, "BlockingStatement not allowed in interface behaviour");
-        } else if (component != nullptr &&
-                   providedPortCount(om::AsType<kel::ComponentDeclaration>(*component)) >= 2) {
+        } else if (component != nullptr && providedPorts(*component).size() >= 2) {
             ok = report(statement, "BlockingStatement not allowed with multiple provides ports");
         }
     }
@@ -193,13 +184,13 @@ bool WellformednessChecker::checkMixingImperative(kel::BehaviourStatement const&
         return report(statement, "Only imperative Statement allowed here");
     }
     if (statement.asActionStatement() == nullptr || !kel::IsIllegal(statement) ||
-        !hasAncestor(statement, kel::InterfaceDeclaration::ClassName)) {
+        !hasAncestor<kel::InterfaceDeclaration>(statement)) {
         return true;
     }
-    if (hasAncestor(statement, kel::FunctionDeclaration::ClassName)) {
+    if (hasAncestor<kel::FunctionDeclaration>(statement)) {
         return report(statement, "Illegal is not allowed in functions");
     }
-    if (hasAncestor(statement, kel::IfStatement::ClassName)) {
+    if (hasAncestor<kel::IfStatement>(statement)) {
         return report(statement, "Illegal is not allowed in if-then-else statements");
     }
     return true;

@@ -3,6 +3,7 @@
 #include "parser/WellformednessChecker.h"
 
 #include "om/AsType.h"
+#include "parser/ModelQueries.h"
 #include "parser/TypeChecker.h"
 
 #include <vector>
@@ -12,16 +13,6 @@ namespace language {
 namespace {
 
 using Interfaces = std::vector<kel::InterfaceDeclaration const*>;
-
-kel::OnEventStatement const* enclosingOn(kel::ReplyStatement const& reply) {
-    om::Object const* on = reply.tryGetParentOfType(kel::OnEventStatement::ClassName);
-    return on != nullptr ? &om::AsType<kel::OnEventStatement>(*on) : nullptr;
-}
-
-kel::ComponentDeclaration const* enclosingComponent(kel::ReplyStatement const& reply) {
-    om::Object const* component = reply.tryGetParentOfType(kel::ComponentDeclaration::ClassName);
-    return component != nullptr ? &om::AsType<kel::ComponentDeclaration>(*component) : nullptr;
-}
 
 kel::EventDirection boundDirection(kel::EventInstance const& instance) {
     kel::EventDeclaration const* event = instance.getEvent().tryGetDeclaration();
@@ -37,16 +28,6 @@ bool hasOutEvent(kel::OnEventStatement const& on) {
     return false;
 }
 
-std::vector<kel::PortDeclaration const*> providedPorts(kel::ComponentDeclaration const& component) {
-    std::vector<kel::PortDeclaration const*> ports;
-    for (kel::PortDeclaration const* port : component.getPortsVec()) {
-        if (port->getDirection() == kel::idirProvided) {
-            ports.push_back(port);
-        }
-    }
-    return ports;
-}
-
 // The ports that a reply in a component may concern.
 std::vector<kel::PortDeclaration const*>
 concernedPorts(kel::ReplyStatement const& reply, kel::ComponentDeclaration const& component) {
@@ -56,7 +37,7 @@ concernedPorts(kel::ReplyStatement const& reply, kel::ComponentDeclaration const
         }
         return {};
     }
-    kel::OnEventStatement const* on = enclosingOn(reply);
+    kel::OnEventStatement const* on = tryGetAncestor<kel::OnEventStatement>(reply);
     if (on == nullptr || hasOutEvent(*on)) {
         return providedPorts(component);
     }
@@ -72,7 +53,8 @@ concernedPorts(kel::ReplyStatement const& reply, kel::ComponentDeclaration const
 
 // The interfaces whose events the reply is held against; none outside a model.
 Interfaces concernedInterfaces(kel::ReplyStatement const& reply) {
-    if (kel::ComponentDeclaration const* component = enclosingComponent(reply)) {
+    if (kel::ComponentDeclaration const* component =
+            tryGetAncestor<kel::ComponentDeclaration>(reply)) {
         Interfaces interfaces;
         for (kel::PortDeclaration const* port : concernedPorts(reply, *component)) {
             if (kel::InterfaceDeclaration const* interface =
@@ -82,9 +64,8 @@ Interfaces concernedInterfaces(kel::ReplyStatement const& reply) {
         }
         return interfaces;
     }
-    om::Object const* interface = reply.tryGetParentOfType(kel::InterfaceDeclaration::ClassName);
-    if (interface != nullptr) {
-        return {&om::AsType<kel::InterfaceDeclaration>(*interface)};
+    if (auto const* interface = tryGetAncestor<kel::InterfaceDeclaration>(reply)) {
+        return {interface};
     }
     return {};
 }
@@ -114,11 +95,11 @@ bool WellformednessChecker::checkReplyPort(kel::ReplyStatement const& reply) {
         }
         return true;
     }
-    kel::ComponentDeclaration const* component = enclosingComponent(reply);
+    kel::ComponentDeclaration const* component = tryGetAncestor<kel::ComponentDeclaration>(reply);
     if (component == nullptr || providedPorts(*component).size() < 2) {
         return true;
     }
-    kel::OnEventStatement const* on = enclosingOn(reply);
+    kel::OnEventStatement const* on = tryGetAncestor<kel::OnEventStatement>(reply);
     if (on == nullptr) {
         return report(reply, "Reply without port is not allowed outside the scope of an 'on' "
                              "clause when multiple 'provides' ports are present");
@@ -128,8 +109,8 @@ bool WellformednessChecker::checkReplyPort(kel::ReplyStatement const& reply) {
 }
 
 bool WellformednessChecker::checkReplyType(kel::ReplyStatement const& reply) {
-    bool inModel = enclosingComponent(reply) != nullptr ||
-                   reply.tryGetParentOfType(kel::InterfaceDeclaration::ClassName) != nullptr;
+    bool inModel = tryGetAncestor<kel::ComponentDeclaration>(reply) != nullptr ||
+                   tryGetAncestor<kel::InterfaceDeclaration>(reply) != nullptr;
     if (!inModel) {
         return true;
     }

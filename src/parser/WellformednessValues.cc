@@ -5,6 +5,7 @@
 #include "metamodel/ConstructionSupport.h"
 #include "metamodel/TreePredicates.h"
 #include "om/OMException.h"
+#include "parser/ModelQueries.h"
 #include "parser/StatementQueries.h"
 
 namespace language {
@@ -78,7 +79,7 @@ bool WellformednessChecker::checkValuedExpr(kel::Expression const& expression) {
         return true;
     }
     if (expression.asAssignmentExpression() != nullptr) {
-        return expression.tryGetParentOfType(kel::EventInstance::ClassName) != nullptr ||
+        return tryGetAncestor<kel::EventInstance>(expression) != nullptr ||
                report(expression, "'<-' not allowed here");
     }
     if (expression.asActionExpression() != nullptr) {
