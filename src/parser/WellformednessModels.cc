@@ -3,7 +3,6 @@
 #include "parser/WellformednessChecker.h"
 
 #include "metamodel/TreePredicates.h"
-#include "om/AsType.h"
 #include "om/OMException.h"
 #include "parser/ModelQueries.h"
 #include "parser/Triggers.h"

@@ -2,7 +2,6 @@
 // of that port's interface that have a matching return type.
 #include "parser/WellformednessChecker.h"
 
-#include "om/AsType.h"
 #include "parser/ModelQueries.h"
 #include "parser/TypeChecker.h"
 
