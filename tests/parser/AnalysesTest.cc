@@ -83,6 +83,8 @@ void act() { r.e(); }
 void half() { if (b) r.e(); }
 void actThenUnknown() { r.e(); later(); }
 void later() { }
+void callsLoudLater() { loud(); }
+void loud() { r.e(); }
 void recSilent() { if (b) { b = false; recSilent(); } }
 void recMixed() { if (b) { r.e(); recMixed(); } }
 void recLoud() { if (b) { recLoud(); } else { r.e(); } }
@@ -96,6 +98,9 @@ void recLoud() { if (b) { recLoud(); } else { r.e(); } }
     EXPECT_EQ(value("act"), S::NotSilent);
     EXPECT_EQ(value("half"), S::Indeterminate);
     EXPECT_EQ(value("actThenUnknown"), S::NotSilent);
+    // A callee declared later is read before it is known, and not read again.
+    EXPECT_EQ(value("callsLoudLater"), S::Silent);
+    EXPECT_EQ(value("loud"), S::NotSilent);
     EXPECT_EQ(value("recSilent"), S::Silent);
     EXPECT_EQ(value("recMixed"), S::Indeterminate);
     EXPECT_EQ(value("recLoud"), S::NotSilent);
