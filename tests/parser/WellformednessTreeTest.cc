@@ -3,7 +3,7 @@
 #include "ResolvedSource.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
-#include "parser/Triggers.h"
+#include "parser/ParserBase.h"
 #include "parser/WellformednessChecker.h"
 
 #include <gmock/gmock.h>
@@ -75,7 +75,8 @@ TEST(WellformednessTreeTest, ModelingEventsKnowWhetherTheyAreSilent) {
 
 TEST(WellformednessTreeTest, TriggersComeInThroughPortsAndInternals) {
     ResolvedSource tree(source);
-    kel::ConstEventInstanceVec triggers = GetAllTriggers(tree.store.model, tree.model("C"));
+    ParserBase base(tree.store.model);
+    kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("C"));
     std::vector<std::string> names;
     for (kel::EventInstance const* trigger : triggers) {
         names.push_back(trigger->getName());
@@ -85,21 +86,22 @@ TEST(WellformednessTreeTest, TriggersComeInThroughPortsAndInternals) {
     EXPECT_THAT(names,
                 testing::ElementsAre("p.e", "p.q", "p.optional", "p.inevitable", "r.o", "a.ack"));
     om::Oid const first = triggers.front()->getOid();
-    ClearAllTriggers(tree.store.model, triggers);
+    base.ClearAllTriggers(triggers);
     EXPECT_TRUE(triggers.empty());
     EXPECT_EQ(tree.store.model.tryFind(first), nullptr);
 }
 
 TEST(WellformednessTreeTest, TriggersOfAnInterfaceAreItsInEvents) {
     ResolvedSource tree(source);
-    kel::ConstEventInstanceVec triggers = GetAllTriggers(tree.store.model, tree.model("I"));
+    ParserBase base(tree.store.model);
+    kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("I"));
     std::vector<std::string> names;
     for (kel::EventInstance const* trigger : triggers) {
         names.push_back(trigger->getName());
     }
     // "optional" and "inevitable" became in events of the interface when first used.
     EXPECT_THAT(names, testing::ElementsAre("e", "q", "optional", "inevitable"));
-    ClearAllTriggers(tree.store.model, triggers);
+    base.ClearAllTriggers(triggers);
 }
 
 TEST(WellformednessTreeTest, LabelsOfDeclarations) {
