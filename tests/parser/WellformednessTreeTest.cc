@@ -1,6 +1,6 @@
 // What the well-formedness pass changes in the tree, and what its triggers and
 // labels are.
-#include "ResolvedSource.h"
+#include "ParsedSource.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
 #include "parser/ParserBase.h"
