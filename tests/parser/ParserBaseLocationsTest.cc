@@ -1,3 +1,4 @@
+#include "Span.h"
 #include "TestStore.h"
 #include "metamodel/BuiltinDeclarations.h"
 #include "metamodel/ConstructionSupport.h"
@@ -11,13 +12,7 @@ namespace {
 using language::location;
 using language::ParserBase;
 
-location span(std::string const* file, std::uint32_t line, std::uint32_t column,
-              std::uint32_t endLine, std::uint32_t endColumn) {
-    location result;
-    result.begin = {file, line, column};
-    result.end = {file, endLine, endColumn};
-    return result;
-}
+using language::test::span;
 
 class ParserBaseLocationsTest : public testing::Test {
 protected:

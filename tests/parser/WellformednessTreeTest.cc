@@ -35,6 +35,14 @@ component C {
 }
 )kel";
 
+std::vector<std::string> names(kel::ConstEventInstanceVec const& triggers) {
+    std::vector<std::string> result;
+    for (kel::EventInstance const* trigger : triggers) {
+        result.push_back(trigger->getName());
+    }
+    return result;
+}
+
 struct CheckedTree : ResolvedSource {
     CheckedTree() : ResolvedSource(source) {
         WellformednessChecker checker(store.model, nullptr);
@@ -77,13 +85,9 @@ TEST(WellformednessTreeTest, TriggersComeInThroughPortsAndInternals) {
     ResolvedSource tree(source);
     ParserBase base(tree.store.model);
     kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("C"));
-    std::vector<std::string> names;
-    for (kel::EventInstance const* trigger : triggers) {
-        names.push_back(trigger->getName());
-    }
     // In events on the provided port, with the modeling events that the interface's
     // behaviour made, out events on the required one, and the timer's acknowledgement.
-    EXPECT_THAT(names,
+    EXPECT_THAT(names(triggers),
                 testing::ElementsAre("p.e", "p.q", "p.optional", "p.inevitable", "r.o", "a.ack"));
     om::Oid const first = triggers.front()->getOid();
     base.ClearAllTriggers(triggers);
@@ -95,12 +99,8 @@ TEST(WellformednessTreeTest, TriggersOfAnInterfaceAreItsInEvents) {
     ResolvedSource tree(source);
     ParserBase base(tree.store.model);
     kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("I"));
-    std::vector<std::string> names;
-    for (kel::EventInstance const* trigger : triggers) {
-        names.push_back(trigger->getName());
-    }
     // "optional" and "inevitable" became in events of the interface when first used.
-    EXPECT_THAT(names, testing::ElementsAre("e", "q", "optional", "inevitable"));
+    EXPECT_THAT(names(triggers), testing::ElementsAre("e", "q", "optional", "inevitable"));
     base.ClearAllTriggers(triggers);
 }
 
