@@ -1,3 +1,4 @@
+#include "ErrorText.h"
 #include "Span.h"
 #include "TestStore.h"
 #include "metamodel/BuiltinDeclarations.h"
@@ -30,12 +31,8 @@ TEST_F(ParserBaseLocationsTest, AddFileMakesANewFileUnderTheRootEveryTime) {
 
 TEST_F(ParserBaseLocationsTest, GetFileOfAnUnknownNameThrows) {
     base.addFile("a.kel");
-    try {
-        base.GetFile("b.kel");
-        FAIL() << "no exception";
-    } catch (om::OMException const& e) {
-        EXPECT_STREQ(e.what(), "ObjectModel does not seem to contain File object with name b.kel");
-    }
+    EXPECT_EQ(::test::errorOf([&] { base.GetFile("b.kel"); }),
+              "ObjectModel does not seem to contain File object with name b.kel");
 }
 
 TEST_F(ParserBaseLocationsTest, FilesAreSharedWithAPassMadeOnTheSameList) {
