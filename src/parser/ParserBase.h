@@ -1,5 +1,5 @@
 // Base of every front-end pass: the store, the files, the errors, and the
-// helpers on names and locations.
+// helpers on names, locations, built-in types and events, and event lists.
 #pragma once
 
 #include "metamodel/Kel.h"
@@ -84,6 +84,40 @@ public:
                             location const& end, location const& at) const;
     static Name copyName(kel::Named const& object);
 
+    // The same declaration, or two integer types whatever their ranges, or two
+    // data types.
+    static bool isEqualType(kel::TypeDeclaration const& a, kel::TypeDeclaration const& b);
+    static bool isBooleanType(kel::TypeDeclaration const& type);
+    static bool isIntType(kel::TypeDeclaration const& type);
+    static bool isDataType(kel::TypeDeclaration const& type);
+    // The store's "bool", found once: the lookup walks the whole default namespace.
+    kel::TypeDeclaration const& getBoolType();
+    // Types of constants, outside the store and the tree: they live as long as
+    // this pass, so that checking leaves the store as it was.
+    kel::IntTypeDeclaration const& getIntType() const { return m_intType; }
+    kel::DataTypeDeclaration const& getDataType() const { return m_dataType; }
+
+    // "illegal", "optional" and "inevitable".
+    static bool isBuiltin(std::string const& name);
+    // By the name of the instance's event.
+    static bool isBuiltin(kel::EventInstance const& instance);
+    // "illegal" is the store's one event; "optional" and "inevitable" are those
+    // of the enclosing interface, or null outside one. OMException for another name.
+    kel::EventDeclaration const* tryGetBuiltinEvent(kel::EventInstance const& instance);
+    // The interface's event of that name, added with its first use.
+    kel::EventDeclaration const& getOptionalEvent(kel::InterfaceDeclaration const& interface);
+    kel::EventDeclaration const& getInevitableEvent(kel::InterfaceDeclaration const& interface);
+
+    // Whether an element of the list is the same event on the same port.
+    static bool vecIsMember(kel::EventInstance const& event,
+                            kel::ConstEventInstanceVec const& list);
+    // New instances of the events that can start a run of the model: the in
+    // events of an interface; for a component, what comes in through each port,
+    // then the out events of the internals of its behaviour.
+    kel::ConstEventInstanceVec GetAllTriggers(kel::ModelDeclaration const& model);
+    // Destroys the instances and empties the list.
+    void ClearAllTriggers(kel::ConstEventInstanceVec& triggers);
+
 protected:
     // The list of files, to share with a parser of an imported file.
     Files* sharedFiles() { return m_files; }
@@ -97,10 +131,24 @@ protected:
 private:
     // The file that a position in the named stream is booked on, with its line shift.
     std::pair<kel::File const*, std::int32_t> bookedFile(std::string const* streamName) const;
+    kel::EventDeclaration const& getInterfaceEvent(kel::InterfaceDeclaration const& interface,
+                                                   std::string const& name);
+    // The instances that can come in on the port: calls on a provided port,
+    // notifications on a required one.
+    void addPortTriggers(kel::PortDeclaration const& port, kel::ConstEventInstanceVec& triggers);
+    void addTriggers(kel::PortDeclaration const& port, kel::EventDirection wanted,
+                     kel::ConstEventInstanceVec& triggers);
+    kel::EventInstance const& storedInstance(om::Oid id) const;
+    static kel::IntTypeDeclaration makeIntType();
+    static kel::DataTypeDeclaration makeDataType();
 
     std::unique_ptr<Files> m_ownFiles;
     Files* m_files;
     std::vector<ErrorElement> m_errors;
+    kel::TypeDeclaration const* m_boolType = nullptr;
+    kel::EventDeclaration const* m_illegalEvent = nullptr;
+    kel::IntTypeDeclaration const m_intType = makeIntType();
+    kel::DataTypeDeclaration const m_dataType = makeDataType();
 };
 
 } // namespace language

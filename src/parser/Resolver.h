@@ -167,7 +167,6 @@ private:
                              OnEventScope& bound);
     bool bindVariable(kel::VariableReference const& reference,
                       kel::ParameterDeclaration const& parameter, OnEventScope& bound);
-    kel::EventDeclaration const* tryGetBuiltinEvent(kel::EventInstance const& instance);
 
     void errorAt(kel::Location const& object, std::string const& message) {
         error(getLocation(object), message);
@@ -180,13 +179,8 @@ private:
     void nameAt(om::Oid id, std::string const& name, kel::Location const& at);
     // Stores the copy and puts it where `old` stood.
     template <class T> T const& replaceBy(om::Object const& old, T const& copy);
-    // "illegal", "optional" and "inevitable", by the name of the instance's event.
-    static bool isBuiltin(kel::EventInstance const& instance);
 
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;
-    // Found once: the store's lookups of these walk the whole default namespace.
-    kel::EventDeclaration const* m_illegalEvent = nullptr;
-    kel::TypeDeclaration const* m_boolType = nullptr;
 };
 
 template <class S> S& Resolver::getScope(om::Oid id, Scope const& parent) {

@@ -1,7 +1,6 @@
 // Resolving event instances of actions and triggers, and binding trigger arguments.
 #include "parser/Resolver.h"
 
-#include "metamodel/BuiltinDeclarations.h"
 #include "om/OMException.h"
 
 #include <algorithm>
@@ -112,36 +111,6 @@ bool Resolver::checkEventArguments(kel::EventInstance const& instance) {
     errorAt(instance, "Event must have the same number of arguments as its definition: " +
                           q(instance.getName()));
     return FALSE();
-}
-
-// "illegal" is the store's one event; "optional" and "inevitable" come into an
-// interface with their first use.
-kel::EventDeclaration const* Resolver::tryGetBuiltinEvent(kel::EventInstance const& instance) {
-    std::string const& name = instance.getEvent().getName();
-    if (name == "illegal") {
-        if (m_illegalEvent == nullptr) {
-            m_illegalEvent = kel::GetIllegalEvent(m_model);
-        }
-        return m_illegalEvent;
-    }
-    auto const* interface = dynamic_cast<kel::InterfaceDeclaration const*>(
-        instance.tryGetParentOfType(kel::InterfaceDeclaration::ClassName));
-    if (interface == nullptr) {
-        return nullptr;
-    }
-    for (kel::EventDeclaration const* event : interface->getEvents()) {
-        if (event->getName() == name) {
-            return event;
-        }
-    }
-    auto event = newAt<kel::EventDeclaration>(*interface);
-    event.setName(name);
-    event.setDirection(kel::edirIn);
-    store(event);
-    kel::InterfaceDeclaration changed(*interface);
-    changed.addToEvents(event.getOid());
-    m_model.update(changed);
-    return &om::AsType<kel::EventDeclaration>(*m_model.find(event.getOid()));
 }
 
 bool Resolver::resolveReferencesOnEventStatement(kel::OnEventStatement const& statement,

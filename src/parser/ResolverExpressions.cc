@@ -52,11 +52,6 @@ bool Resolver::resolveOperands(kel::ConstExpressionVec const& operands,
     return ok;
 }
 
-bool Resolver::isBuiltin(kel::EventInstance const& instance) {
-    std::string const& name = instance.getEvent().getName();
-    return name == "illegal" || name == "optional" || name == "inevitable";
-}
-
 bool Resolver::resolveActionExpression(kel::ActionExpression const& action,
                                        LocalVariablesScope const& scope) {
     kel::EventInstance const& event = action.getEvent();

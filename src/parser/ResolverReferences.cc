@@ -1,8 +1,6 @@
 // Resolving a single reference by its name.
 #include "parser/Resolver.h"
 
-#include "metamodel/BuiltinDeclarations.h"
-
 namespace language {
 
 bool Resolver::resolve(kel::PortReference const& reference, Scope const& scope) {
@@ -66,10 +64,7 @@ bool Resolver::resolveBoolType(kel::TypeReference const& reference) {
         errorAt(reference, "bool is not allowed as type here");
         return FALSE();
     }
-    if (m_boolType == nullptr) {
-        m_boolType = kel::GetBoolTypeDeclaration(m_model);
-    }
-    setDeclaration(reference, m_boolType->getOid());
+    setDeclaration(reference, getBoolType().getOid());
     return true;
 }
 

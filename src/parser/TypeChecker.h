@@ -4,7 +4,6 @@
 
 #include "metamodel/Kel.h"
 #include "om/ObjectModel.h"
-#include "parser/BuiltinTypes.h"
 #include "parser/ParserBase.h"
 
 #include <string>
@@ -70,8 +69,6 @@ private:
     void report(kel::Location const& at, std::string const& message, bool& ok);
     // Where an error at a tree object is shown: its main position.
     static location locationOf(kel::Location const& object);
-
-    BuiltinTypes m_types;
 };
 
 } // namespace language

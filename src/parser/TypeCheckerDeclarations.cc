@@ -6,10 +6,9 @@
 
 namespace language {
 
-TypeChecker::TypeChecker(om::ObjectModel& model, Files* files)
-    : ParserBase(model, files), m_types(model) {}
+TypeChecker::TypeChecker(om::ObjectModel& model, Files* files) : ParserBase(model, files) {}
 
-TypeChecker::TypeChecker(om::ObjectModel& model) : ParserBase(model), m_types(model) {}
+TypeChecker::TypeChecker(om::ObjectModel& model) : ParserBase(model) {}
 
 bool TypeChecker::checkAllExpressionTypes() {
     bool ok = true;
@@ -56,7 +55,7 @@ bool TypeChecker::checkAllFunctionDeclarationTypes(kel::Namespace const& space) 
 
 bool TypeChecker::checkReturnTypeIsNoData(kel::TypeReference const* returnType) {
     kel::TypeDeclaration const* type = returnType ? returnType->tryGetDeclaration() : nullptr;
-    if (type == nullptr || !BuiltinTypes::isDataType(*type)) {
+    if (type == nullptr || !isDataType(*type)) {
         return true;
     }
     bool ok = true;
@@ -148,7 +147,7 @@ bool TypeChecker::checkInitialValue(kel::VariableDeclaration const& variable) {
     bool ok = true;
     kel::TypeDeclaration const* declared = variable.getType().tryGetDeclaration();
     kel::TypeDeclaration const* found = tryGetAndCheckType(*value, ok);
-    if (declared != nullptr && found != nullptr && !BuiltinTypes::isEqualType(*declared, *found)) {
+    if (declared != nullptr && found != nullptr && !isEqualType(*declared, *found)) {
         report(variable, typeMismatch(declared->getName(), q(found->getName())), ok);
     } else if (declared != nullptr && found == nullptr && ok) {
         report(variable, typeMismatch(declared->getName(), "<unknown>"), ok);

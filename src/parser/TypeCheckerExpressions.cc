@@ -59,17 +59,17 @@ std::string operandError(BinaryOperator const& op, kel::TypeDeclaration const* t
     }
     switch (op.rule) {
     case OperandRule::Boolean:
-        return BuiltinTypes::isBooleanType(*type)
+        return ParserBase::isBooleanType(*type)
                    ? std::string()
                    : symbol + " requires a boolean " + ordinal[index] + " argument";
     case OperandRule::Integer:
-        return BuiltinTypes::isIntType(*type)
+        return ParserBase::isIntType(*type)
                    ? std::string()
                    : symbol + " requires an int " + ordinal[index] + " argument";
     case OperandRule::Equality:
-        return BuiltinTypes::isDataType(*type) ? "data type argument not allowed as " +
-                                                     ordinal[index] + " argument in " + symbol
-                                               : std::string();
+        return ParserBase::isDataType(*type) ? "data type argument not allowed as " +
+                                                   ordinal[index] + " argument in " + symbol
+                                             : std::string();
     }
     return {};
 }
@@ -95,16 +95,16 @@ kel::TypeDeclaration const* TypeChecker::tryGetAndCheckType(kel::Expression cons
     }
     if (expression.asEnumVariableValueExpression() != nullptr ||
         expression.asBooleanConstantExpression() != nullptr) {
-        return &m_types.getBoolType();
+        return &getBoolType();
     }
     if (kel::BooleanNotExpression const* negation = expression.asBooleanNotExpression()) {
         return checkNot(*negation, ok);
     }
     if (expression.asIntConstantExpression() != nullptr) {
-        return &m_types.getIntType();
+        return &getIntType();
     }
     if (expression.asDataExpression() != nullptr) {
-        return &m_types.getDataType();
+        return &getDataType();
     }
     if (expression.asAssignmentExpression() != nullptr) {
         report(expression, "'<-' is not allowed here", ok);
@@ -125,7 +125,7 @@ kel::TypeDeclaration const* TypeChecker::checkOperatorExpression(kel::Expression
         tryGetAndCheckType(operand(expression, "Expr2"), ok)};
     bool const bothKnown = types[0] != nullptr && types[1] != nullptr;
     if (op->rule == OperandRule::Equality && !bothKnown) {
-        return &m_types.getBoolType();
+        return &getBoolType();
     }
     for (std::size_t index = 0; index < types.size(); ++index) {
         std::string const message = operandError(*op, types[index], index);
@@ -133,23 +133,23 @@ kel::TypeDeclaration const* TypeChecker::checkOperatorExpression(kel::Expression
             report(expression, message, ok);
         }
     }
-    if (op->rule == OperandRule::Equality && !BuiltinTypes::isEqualType(*types[0], *types[1])) {
+    if (op->rule == OperandRule::Equality && !isEqualType(*types[0], *types[1])) {
         report(expression, q(std::string(op->symbol)) + " requires two arguments of equal type",
                ok);
     }
     if (op->yieldsInt) {
-        return &m_types.getIntType();
+        return &getIntType();
     }
-    return &m_types.getBoolType();
+    return &getBoolType();
 }
 
 kel::TypeDeclaration const* TypeChecker::checkNot(kel::BooleanNotExpression const& expression,
                                                   bool& ok) {
     kel::TypeDeclaration const* type = tryGetAndCheckType(expression.getExpr(), ok);
-    if (type != nullptr && !BuiltinTypes::isBooleanType(*type)) {
+    if (type != nullptr && !isBooleanType(*type)) {
         report(expression, "'not' requires a boolean argument", ok);
     }
-    return &m_types.getBoolType();
+    return &getBoolType();
 }
 
 kel::TypeDeclaration const* TypeChecker::typeOfVariable(kel::VariableExpression const& expression,
@@ -195,8 +195,7 @@ kel::TypeDeclaration const* TypeChecker::checkAction(kel::ActionExpression const
     for (std::size_t index = 0; index < parameters.size() && index < arguments.size(); ++index) {
         kel::TypeDeclaration const* expected = parameters[index]->getType().tryGetDeclaration();
         kel::TypeDeclaration const* found = tryGetAndCheckType(*arguments[index], ok);
-        if (expected != nullptr && found != nullptr &&
-            !BuiltinTypes::isEqualType(*expected, *found)) {
+        if (expected != nullptr && found != nullptr && !isEqualType(*expected, *found)) {
             report(*arguments[index], "Parameter value does not match with expected type", ok);
         } else if (found == nullptr && ok) {
             report(*arguments[index], "Expression not properly typed", ok);
@@ -221,8 +220,7 @@ kel::TypeDeclaration const* TypeChecker::checkFunctionCall(kel::FunctionCallExpr
         }
         kel::TypeDeclaration const* found = tryGetAndCheckType(*arguments[index], ok);
         kel::TypeDeclaration const* expected = parameters[index]->getType().tryGetDeclaration();
-        if (expected != nullptr && found != nullptr &&
-            !BuiltinTypes::isEqualType(*expected, *found)) {
+        if (expected != nullptr && found != nullptr && !isEqualType(*expected, *found)) {
             report(*arguments[index], "argument does not match Parameter Type", ok);
         }
     }

@@ -73,7 +73,7 @@ void TypeChecker::checkAssignment(kel::Location const& at, kel::VariableReferenc
     }
     kel::TypeDeclaration const* declared = declaration->getType().tryGetDeclaration();
     kel::TypeDeclaration const* found = tryGetAndCheckType(value, ok);
-    if (declared != nullptr && found != nullptr && !BuiltinTypes::isEqualType(*declared, *found)) {
+    if (declared != nullptr && found != nullptr && !isEqualType(*declared, *found)) {
         report(at, valueMismatch(declaration->getName()), ok);
     } else if (found == nullptr && ok) {
         report(at, valueNotTyped(declaration->getName()), ok);
@@ -89,7 +89,7 @@ void TypeChecker::checkVariableDeclaration(kel::VariableDeclarationStatement con
     }
     kel::TypeDeclaration const* declared = variable.getType().tryGetDeclaration();
     kel::TypeDeclaration const* found = tryGetAndCheckType(*value, ok);
-    if (declared != nullptr && found != nullptr && !BuiltinTypes::isEqualType(*declared, *found)) {
+    if (declared != nullptr && found != nullptr && !isEqualType(*declared, *found)) {
         report(variable, typeMismatch(declared->getName(), q(found->getName())), ok);
     } else if (found == nullptr && ok) {
         report(statement,
@@ -109,7 +109,7 @@ void TypeChecker::checkGuard(kel::GuardedStatement const& statement, bool& ok) {
         return;
     }
     kel::TypeDeclaration const* type = tryGetAndCheckType(condition->getExpression(), ok);
-    if (ok && (type == nullptr || !BuiltinTypes::isBooleanType(*type))) {
+    if (ok && (type == nullptr || !isBooleanType(*type))) {
         report(*condition, "Boolean guard expected", ok);
     }
 }
@@ -131,7 +131,7 @@ void TypeChecker::checkIfCondition(kel::IfStatement const& statement, bool& ok) 
         return;
     }
     kel::TypeDeclaration const* type = tryGetAndCheckType(*condition, ok);
-    if (type == nullptr || !BuiltinTypes::isBooleanType(*type)) {
+    if (type == nullptr || !isBooleanType(*type)) {
         report(*condition, "Boolean guard expected", ok);
     }
 }
@@ -178,7 +178,7 @@ void TypeChecker::checkReturn(kel::ReturnStatement const& statement, bool& ok) {
         report(*value, "Return expression not allowed in void function.", ok);
     }
     kel::TypeDeclaration const* expected = returnType ? returnType->tryGetDeclaration() : nullptr;
-    if (expected != nullptr && (type == nullptr || !BuiltinTypes::isEqualType(*expected, *type))) {
+    if (expected != nullptr && (type == nullptr || !isEqualType(*expected, *type))) {
         report(*value, "Return type does not match function type.", ok);
     }
 }

@@ -5,7 +5,6 @@
 #include "metamodel/TreePredicates.h"
 #include "om/OMException.h"
 #include "parser/ModelQueries.h"
-#include "parser/Triggers.h"
 
 #include <utility>
 
@@ -27,9 +26,9 @@ bool WellformednessChecker::checkWellformednessNamespace(kel::Namespace const& s
         if (interface == nullptr || kel::IsDefaultInterface(*interface)) {
             continue;
         }
-        m_triggers = GetAllTriggers(m_model, *interface);
+        m_triggers = GetAllTriggers(*interface);
         ok = checkWellformednessInterface(*interface) && ok;
-        ClearAllTriggers(m_model, m_triggers);
+        ClearAllTriggers(m_triggers);
     }
     for (kel::ModelDeclaration const* model : models) {
         kel::ComponentDeclaration const* component = model->asComponentDeclaration();
@@ -40,11 +39,11 @@ bool WellformednessChecker::checkWellformednessNamespace(kel::Namespace const& s
             ok = checkModelNameclash(*port) && ok;
         }
         ok = checkInjectedPorts(*component) && ok;
-        m_triggers = GetAllTriggers(m_model, *component);
+        m_triggers = GetAllTriggers(*component);
         ok = (component->hasSystem() ? checkWellformednessSystem(*component)
                                      : checkWellformednessComponent(*component)) &&
              ok;
-        ClearAllTriggers(m_model, m_triggers);
+        ClearAllTriggers(m_triggers);
     }
     return ok;
 }

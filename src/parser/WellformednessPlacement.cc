@@ -6,7 +6,6 @@
 #include "om/OMException.h"
 #include "parser/ModelQueries.h"
 #include "parser/StatementQueries.h"
-#include "parser/Triggers.h"
 
 namespace language {
 

@@ -133,7 +133,7 @@ bool WellformednessChecker::checkReplyType(kel::ReplyStatement const& reply) {
                     [type](kel::EventDeclaration const& event) {
                         kel::TypeReference const* returned = event.tryGetReturnType();
                         return returned != nullptr && returned->hasDeclaration() &&
-                               BuiltinTypes::isEqualType(returned->getDeclaration(), *type);
+                               isEqualType(returned->getDeclaration(), *type);
                     }) ||
            report(reply, "Reply type does not match any event type: " + type->getName());
 }

@@ -1,10 +1,10 @@
 // The declarations that every store holds, made on first demand, and the
 // lookups of the root, files and models.
+#include "ErrorText.h"
 #include "StoreFixture.h"
 
 #include "metamodel/BuiltinDeclarations.h"
 #include "metamodel/DeclarationConstructors.h"
-#include "om/OMException.h"
 
 #include <gtest/gtest.h>
 
@@ -18,12 +18,8 @@ protected:
 
 TEST_F(BuiltinDeclarationsTest, AStoreWithoutRootHasNone) {
     make<Namespace>();
-    try {
-        GetRoot(model);
-        FAIL() << "no exception";
-    } catch (om::OMException const& error) {
-        EXPECT_STREQ(error.what(), "ObjectModel does not seem to contain a root object");
-    }
+    EXPECT_EQ(::test::errorOf([&] { GetRoot(model); }),
+              "ObjectModel does not seem to contain a root object");
 }
 
 TEST_F(BuiltinDeclarationsTest, ConstLookupsFindNothingInAFreshStore) {
@@ -85,13 +81,8 @@ TEST_F(BuiltinDeclarationsTest, FilesAreFoundByName) {
     auto const& first = addFile("a.kel");
     addFile("b.kel");
     EXPECT_EQ(&GetFile(model, "a.kel"), &first);
-    try {
-        GetFile(model, "c.kel");
-        FAIL() << "no exception";
-    } catch (om::OMException const& error) {
-        EXPECT_STREQ(error.what(),
-                     "ObjectModel does not seem to contain File object with name c.kel");
-    }
+    EXPECT_EQ(::test::errorOf([&] { GetFile(model, "c.kel"); }),
+              "ObjectModel does not seem to contain File object with name c.kel");
 }
 
 TEST_F(BuiltinDeclarationsTest, ModelsAreFoundByTheirFile) {

@@ -1,6 +1,6 @@
 // The analyses that the well-formedness checks call: recursion, silence, the
 // system graph and the small queries on statements and bindings.
-#include "ResolvedSource.h"
+#include "ParsedSource.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
 #include "parser/BindingQueries.h"

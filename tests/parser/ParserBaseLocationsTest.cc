@@ -1,3 +1,5 @@
+#include "ErrorText.h"
+#include "Span.h"
 #include "TestStore.h"
 #include "metamodel/BuiltinDeclarations.h"
 #include "metamodel/ConstructionSupport.h"
@@ -11,13 +13,7 @@ namespace {
 using language::location;
 using language::ParserBase;
 
-location span(std::string const* file, std::uint32_t line, std::uint32_t column,
-              std::uint32_t endLine, std::uint32_t endColumn) {
-    location result;
-    result.begin = {file, line, column};
-    result.end = {file, endLine, endColumn};
-    return result;
-}
+using language::test::span;
 
 class ParserBaseLocationsTest : public testing::Test {
 protected:
@@ -35,12 +31,8 @@ TEST_F(ParserBaseLocationsTest, AddFileMakesANewFileUnderTheRootEveryTime) {
 
 TEST_F(ParserBaseLocationsTest, GetFileOfAnUnknownNameThrows) {
     base.addFile("a.kel");
-    try {
-        base.GetFile("b.kel");
-        FAIL() << "no exception";
-    } catch (om::OMException const& e) {
-        EXPECT_STREQ(e.what(), "ObjectModel does not seem to contain File object with name b.kel");
-    }
+    EXPECT_EQ(::test::errorOf([&] { base.GetFile("b.kel"); }),
+              "ObjectModel does not seem to contain File object with name b.kel");
 }
 
 TEST_F(ParserBaseLocationsTest, FilesAreSharedWithAPassMadeOnTheSameList) {

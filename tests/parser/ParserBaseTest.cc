@@ -1,4 +1,5 @@
 #include "parser/ParserBase.h"
+#include "Span.h"
 #include "TestStore.h"
 
 #include <gtest/gtest.h>
@@ -13,14 +14,7 @@ using language::Name;
 using language::Names;
 using language::ParserBase;
 
-// A location in the given file from line.column to line.column.
-location at(std::string const* file, std::uint32_t line, std::uint32_t column,
-            std::uint32_t endLine, std::uint32_t endColumn) {
-    location result;
-    result.begin = {file, line, column};
-    result.end = {file, endLine, endColumn};
-    return result;
-}
+using language::test::span;
 
 std::string printed(ParserBase const& base) {
     std::ostringstream out;
@@ -36,9 +30,9 @@ protected:
 TEST_F(ParserBaseErrorsTest, PrintsOneLinePerErrorInTheOrderOfReporting) {
     std::string const file = "src/a.kel";
     ParserBase base(store.model);
-    base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
-    base.error(at(nullptr, 1, 1, 1, 1), "cannot open 'x.kel'");
-    base.error(at(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
+    base.error(span(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
+    base.error(span(nullptr, 1, 1, 1, 1), "cannot open 'x.kel'");
+    base.error(span(&file, 3, 5, 3, 6), "syntax error, unexpected ;");
     EXPECT_TRUE(base.hasErrors());
     EXPECT_EQ(printed(base), "src/a.kel:3:5: syntax error, unexpected ;\n"
                              ": cannot open 'x.kel'\n"
@@ -52,7 +46,7 @@ TEST_F(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
     ParserBase base(store.model);
     {
         auto file = std::make_unique<std::string>("gone.kel");
-        base.error(at(file.get(), 2, 7, 2, 9), "message");
+        base.error(span(file.get(), 2, 7, 2, 9), "message");
     }
     ParserBase copy(store.model);
     copy.importErrors(base);
@@ -64,9 +58,9 @@ TEST_F(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
 TEST_F(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
     std::string const file = "a.kel";
     ParserBase importer(store.model), imported(store.model);
-    importer.error(at(&file, 1, 1, 1, 2), "first");
-    imported.error(at(&file, 2, 1, 2, 2), "second");
-    imported.error(at(&file, 3, 1, 3, 2), "third");
+    importer.error(span(&file, 1, 1, 1, 2), "first");
+    imported.error(span(&file, 2, 1, 2, 2), "second");
+    imported.error(span(&file, 3, 1, 3, 2), "third");
     importer.importErrors(imported);
     EXPECT_EQ(printed(importer), "a.kel:1:1: first\na.kel:2:1: second\na.kel:3:1: third\n");
     EXPECT_EQ(imported.errors().size(), 2u);
@@ -74,8 +68,8 @@ TEST_F(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
 
 TEST(ParserBaseTest, AsStringShowsTheBeginOrNothingWithoutAFile) {
     std::string const file = "m.kel";
-    EXPECT_EQ(ParserBase::asString(at(&file, 12, 34, 13, 1)), "m.kel:12:34");
-    EXPECT_EQ(ParserBase::asString(at(nullptr, 12, 34, 13, 1)), "");
+    EXPECT_EQ(ParserBase::asString(span(&file, 12, 34, 13, 1)), "m.kel:12:34");
+    EXPECT_EQ(ParserBase::asString(span(nullptr, 12, 34, 13, 1)), "");
 }
 
 TEST(ParserBaseTest, QuotesNamesWithApostrophes) {
@@ -87,9 +81,9 @@ TEST(ParserBaseTest, QuotesNamesWithApostrophes) {
 class NameHelpersTest : public testing::Test {
 protected:
     std::string const file = "n.kel";
-    Name a{"a", at(&file, 1, 1, 1, 2)};
-    Name b{"b", at(&file, 1, 3, 1, 4)};
-    Name c{"c", at(&file, 2, 5, 2, 7)};
+    Name a{"a", span(&file, 1, 1, 1, 2)};
+    Name b{"b", span(&file, 1, 3, 1, 4)};
+    Name c{"c", span(&file, 2, 5, 2, 7)};
     Name none{};
 };
 

@@ -1,83 +1,32 @@
 // Sources parsed and resolved, with the errors each line must give written on
 // that line: "//@12: text" expects "t.kel:<line>:12: text", in the order written.
-#include "TestStore.h"
-#include "parser/Parser.h"
+#include "ParsedSource.h"
 
 #include <gmock/gmock.h>
 
-#include <regex>
 #include <sstream>
 
-namespace language {
+namespace language::test {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-struct SourceCase {
-    std::string name;
-    std::string source;
-};
-
-// The expectations written in the source, in the order of lines and, on one line, as written.
-Lines expectedErrors(std::string const& source) {
-    static std::regex const annotation(R"(//@(\d+): (.*?)(?= //@|$))");
-    Lines expected;
-    std::istringstream lines(source);
-    int number = 0;
-    for (std::string line; std::getline(lines, line);) {
-        ++number;
-        for (std::sregex_iterator it(line.begin(), line.end(), annotation), end; it != end; ++it) {
-            std::string message = std::regex_replace((*it)[2].str(), std::regex(" +$"), "");
-            expected.push_back("t.kel:" + std::to_string(number) + ":" + (*it)[1].str() + ": " +
-                               message);
-        }
-    }
-    return expected;
+SourceCase resolvedCase(std::string const& name, std::string const& source) {
+    return annotatedCase(name, source, Passes::Resolve);
 }
 
-class ResolvedSourceTest : public testing::TestWithParam<SourceCase> {
-protected:
-    // Parses and resolves the source; its errors, one line each.
-    Lines parseAndResolve(std::string const& source) {
-        std::istringstream in(source);
-        succeeded = parser.parseStream(in, "t.kel", {}, false, false, true);
-        std::ostringstream out;
-        parser.printErrors(out);
-        Lines errors;
-        std::istringstream printed(out.str());
-        for (std::string line; std::getline(printed, line);) {
-            errors.push_back(line);
-        }
-        return errors;
-    }
-
-    TestStore store;
-    Parser parser{store.model};
-    bool succeeded = false;
-};
-
-TEST_P(ResolvedSourceTest, ReportsWhatEachLineSays) {
-    // The first line of the raw literal is empty, so line numbers count from the source's first.
-    std::string const source = GetParam().source.substr(1);
-    Lines expected = expectedErrors(source);
-    EXPECT_THAT(parseAndResolve(source), testing::ElementsAreArray(expected));
-    EXPECT_EQ(succeeded, expected.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Sources, ResolvedSourceTest,
-                         testing::Values(SourceCase{"AsyncInternals", R"kel(
+INSTANTIATE_TEST_SUITE_P(Sources, SourceErrorsTest,
+                         testing::Values(resolvedCase("AsyncInternals", R"kel(
 interface I { in void e(); }
 component C { provides I p; behaviour {
   requires kel.async x;
   on p.e(): x.req();
   on x.ack(): x.req; //@15: Event must be used with parentheses: 'req'
 } }
-)kel"},
-                                         SourceCase{"EnumValues", R"kel(
+)kel"),
+                                         resolvedCase("EnumValues", R"kel(
 enum E { a, b, a }; //@16: identifier declared before: 'a' //@10: previous 'a' defined here
 component C { behaviour { E v = E.a; E w = E.b; } }
-)kel"},
-                                         SourceCase{"Expressions", R"kel(
+)kel"),
+                                         resolvedCase("Expressions", R"kel(
 interface I { in void e(); enum R { ok, nok }; }
 component C { provides I p; behaviour {
   I.R r = I.R.ok;
@@ -92,8 +41,8 @@ component C { provides I p; behaviour {
   bool j = I.e;      //@12: undefined Port reference: 'I'
   bool k = r.nok && f(a) && p.e() && !(1 + 2 < 3);
 } }
-)kel"},
-                                         SourceCase{"Statements", R"kel(
+)kel"),
+                                         resolvedCase("Statements", R"kel(
 interface I { in void e(); out void v(); }
 component C { provides I p; behaviour {
   bool s = true;
@@ -108,8 +57,8 @@ component C { provides I p; behaviour {
     reply(y);
   }
 } }
-)kel"},
-                                         SourceCase{"ComponentTriggers", R"kel(
+)kel"),
+                                         resolvedCase("ComponentTriggers", R"kel(
 subint S {0..3};
 subint T {0..3};
 interface I { in void e(S a); in void g(T a); in void h(); in void k(S a, S b); }
@@ -125,8 +74,8 @@ component C { provides I p; behaviour {
   on q.e(): s = 1;          //@6: undefined Port reference: 'q'
   on p.e(x), p.k(x, t): s = x + t;
 } }
-)kel"},
-                                         SourceCase{"InterfaceTriggers", R"kel(
+)kel"),
+                                         resolvedCase("InterfaceTriggers", R"kel(
 interface I { in void e(); out void f();
   behaviour {
     on e: {}
@@ -136,10 +85,8 @@ interface I { in void e(); out void f();
     on e: g;         //@11: Undefined identifier: 'g'
   }
 }
-)kel"}),
-                         [](testing::TestParamInfo<SourceCase> const& info) {
-                             return info.param.name;
-                         });
+)kel")),
+                         caseName);
 
 TEST(ResolvedSourceDriverTest, ResolvesAfterAFailedParseAndReportsBehindTheParser) {
     TestStore store;
@@ -168,4 +115,4 @@ TEST(ResolvedSourceDriverTest, ACleanSourceLeavesNoNameUnresolved) {
 }
 
 } // namespace
-} // namespace language
+} // namespace language::test

@@ -1,4 +1,5 @@
 #include "parser/Scanner.h"
+#include "ScannedTerminals.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,52 +10,16 @@ namespace {
 
 using token = language::BisonParser::token;
 
-// One scanned terminal: its code, its value as text, and its span.
-struct Scanned {
-    int code;
-    std::string value;
-    std::uint32_t beginLine, beginColumn, endLine, endColumn;
-
-    friend bool operator==(Scanned const&, Scanned const&) = default;
-};
-
-void PrintTo(Scanned const& s, std::ostream* out) {
-    *out << "{" << s.code << " '" << s.value << "' " << s.beginLine << "." << s.beginColumn << "-"
-         << s.endLine << "." << s.endColumn << "}";
-}
+using test::ScanCase;
+using test::Scanned;
 
 bool hasText(int code) {
     return code == token::TOK_IMPORT || code == token::TOK_IMPORTED || code == token::TOK_FILE ||
            code == token::TOK_DIR || code == token::TOK_IDENTIFIER || code == token::TOK_DATASTRING;
 }
 
-// Takes the value out of the variant, which would otherwise leak it.
-std::string takeValue(int code, language::BisonParser::semantic_type& value) {
-    if (code == token::TOK_INTEGER) {
-        return std::to_string(value.as<std::int32_t>());
-    }
-    if (!hasText(code)) {
-        return "";
-    }
-    std::string text = value.as<std::string>();
-    value.destroy<std::string>();
-    return text;
-}
-
-// Every terminal up to and including the end of the input.
 std::vector<Scanned> scan(std::string const& source) {
-    std::istringstream in(source);
-    language::Scanner scanner(&in, nullptr);
-    language::location loc;
-    std::vector<Scanned> result;
-    int code;
-    do {
-        language::BisonParser::semantic_type value;
-        code = scanner.lex(&value, &loc);
-        result.push_back({code, takeValue(code, value), loc.begin.line, loc.begin.column,
-                          loc.end.line, loc.end.column});
-    } while (code != token::TOK_END);
-    return result;
+    return test::scanTerminals<language::BisonParser, language::Scanner>(source, hasText);
 }
 
 // The codes alone, for cases where the spans say nothing new.
@@ -134,13 +99,6 @@ INSTANTIATE_TEST_SUITE_P(
         CodesCase{std::string("a\0b", 3),
                   {token::TOK_IDENTIFIER, token::TOK_YYUNDEF, token::TOK_IDENTIFIER}},
         CodesCase{"\xe2\x82\xac", {token::TOK_YYUNDEF, token::TOK_YYUNDEF, token::TOK_YYUNDEF}}));
-
-struct ScanCase {
-    std::string source;
-    std::vector<Scanned> expected;
-};
-
-void PrintTo(ScanCase const& c, std::ostream* out) { *out << testing::PrintToString(c.source); }
 
 class ScannerTest : public testing::TestWithParam<ScanCase> {};
 

@@ -1,8 +1,7 @@
 // Triggers of on statements: their events, their parentheses and counts, and
 // the variables their arguments bind. Each test shows the source its tree stands for.
+#include "ErrorText.h"
 #include "ResolverFixture.h"
-
-#include "om/OMException.h"
 
 #include <gmock/gmock.h>
 
@@ -173,22 +172,15 @@ TEST_F(TriggerTest, AnEventOutsideAnyModelAndAnUnknownStatementAreExceptions) {
     RootScope root;
     LocalVariablesScope scope(root);
     auto const& loose = get<kel::EventInstance>(trigger("", "e", true, {}, 1, 1));
-    try {
-        resolver.resolve(loose, scope, true);
-        ADD_FAILURE() << "no exception";
-    } catch (om::OMException const& failure) {
-        EXPECT_STREQ(failure.what(), "Object doesn't have parent of type kel::ModelDeclaration");
-    }
+    EXPECT_EQ(::test::errorOf([&] { resolver.resolve(loose, scope, true); }),
+              "Object doesn't have parent of type kel::ModelDeclaration");
     auto const& bare = *model.createRecursive(kel::BehaviourStatement::ClassName);
-    try {
-        resolver.resolveReferencesBehaviourStatement(om::AsType<kel::BehaviourStatement>(bare),
-                                                     scope);
-        ADD_FAILURE() << "no exception";
-    } catch (om::OMException const& failure) {
-        EXPECT_STREQ(failure.what(),
-                     "unexpected statement type in "
-                     "resolveReferencesBehaviourStatement: kel::BehaviourStatement");
-    }
+    EXPECT_EQ(::test::errorOf([&] {
+                  resolver.resolveReferencesBehaviourStatement(
+                      om::AsType<kel::BehaviourStatement>(bare), scope);
+              }),
+              "unexpected statement type in "
+              "resolveReferencesBehaviourStatement: kel::BehaviourStatement");
 }
 
 } // namespace

@@ -1,49 +1,14 @@
 // Sources parsed, resolved and type checked, grouped by family of rules. Each
 // source resolves without error, so that every line annotated is a type error.
-#include "AnnotatedSource.h"
-#include "TestStore.h"
-#include "parser/Parser.h"
+#include "ParsedSource.h"
 
 #include <gmock/gmock.h>
 
 namespace language::test {
 namespace {
 
-struct SourceCase {
-    std::string name;
-    std::string source;
-};
-
-class TypeCheckedSourceTest : public testing::TestWithParam<SourceCase> {
-protected:
-    std::vector<std::string> parseAndCheck(std::string const& source) {
-        std::istringstream in(source);
-        succeeded = parser.parseStream(in, "t.kel", {}, false, true, true);
-        std::ostringstream out;
-        parser.printErrors(out);
-        std::vector<std::string> errors;
-        std::istringstream printed(out.str());
-        for (std::string line; std::getline(printed, line);) {
-            errors.push_back(line);
-        }
-        return errors;
-    }
-
-    TestStore store;
-    Parser parser{store.model};
-    bool succeeded = false;
-};
-
-TEST_P(TypeCheckedSourceTest, ReportsWhatEachLineSays) {
-    // The raw literal starts with a line break, so that line 1 is the source's first.
-    std::string const source = GetParam().source.substr(1);
-    std::vector<std::string> const expected = annotatedErrors(source);
-    EXPECT_THAT(parseAndCheck(source), testing::ElementsAreArray(expected));
-    EXPECT_EQ(succeeded, expected.empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Families, TypeCheckedSourceTest,
-                         testing::Values(SourceCase{"Operators", R"kel(
+INSTANTIATE_TEST_SUITE_P(Families, SourceErrorsTest,
+                         testing::Values(annotatedCase("Operators", R"kel(
 subint S {0..3};
 interface I { in void e(); }
 component C { provides I p; behaviour {
@@ -54,8 +19,8 @@ component C { provides I p; behaviour {
   bool d = 1 && !true; //@14: '&&' requires a boolean first argument
   on p.e(): {}
 } }
-)kel"},
-                                         SourceCase{"EqualityWithDataTypes", R"kel(
+)kel"),
+                                         annotatedCase("EqualityWithDataTypes", R"kel(
 extern Msg $char*$;
 enum E { x, y };
 interface I { in void e(); out void o(); }
@@ -69,8 +34,8 @@ component C { provides I p; behaviour {
   bool f = v != E.y && p.o() == m;
   on p.e(): {}
 } }
-)kel"},
-                                         SourceCase{"CallsAndArguments", R"kel(
+)kel"),
+                                         annotatedCase("CallsAndArguments", R"kel(
 subint S {0..3}; enum E { x, y };
 interface I { in void e(); out void o(S a, E b); }
 component C { provides I p; behaviour {
@@ -84,8 +49,8 @@ component C { provides I p; behaviour {
   }
   on p.e(): g();
 } }
-)kel"},
-                                         SourceCase{"Returns", R"kel(
+)kel"),
+                                         annotatedCase("Returns", R"kel(
 subint S {0..3};
 interface I { in void e(); out void o(); }
 component C { provides I p; behaviour {
@@ -96,8 +61,8 @@ component C { provides I p; behaviour {
   bool z() { return p.o(); } //@21: Typed Expression expected in return. //@21: Return type does not match function type.
   on p.e(): { return 1; }
 } }
-)kel"},
-                                         SourceCase{"Replies", R"kel(
+)kel"),
+                                         annotatedCase("Replies", R"kel(
 enum E { a, b };
 interface I { in E e(); in bool f(); out void o(); }
 component C { provides I p; behaviour {
@@ -106,8 +71,8 @@ component C { provides I p; behaviour {
   on p.f(): reply(L.lo); //@19: Behaviour-local Enum value is not allowed in reply
   on p.e(): p.reply(p.o()); //@21: Typed Expression expected in reply
 } }
-)kel"},
-                                         SourceCase{"GuardsAndIfs", R"kel(
+)kel"),
+                                         annotatedCase("GuardsAndIfs", R"kel(
 interface I { in void e(); out void o(); }
 component C { provides I p; behaviour {
   bool b = true;
@@ -118,8 +83,8 @@ component C { provides I p; behaviour {
     if (p.o()) b = 1; else if (1 < 2) b = false; //@9: Boolean guard expected //@18: Variable and expression types do not match: 'b'
   }
 } }
-)kel"},
-                                         SourceCase{"InitialValues", R"kel(
+)kel"),
+                                         annotatedCase("InitialValues", R"kel(
 subint S {0..3};
 interface I { in void e(); out void o(); }
 component C { provides I p; behaviour {
@@ -133,8 +98,8 @@ component C { provides I p; behaviour {
   }
   on p.e(): f();
 } }
-)kel"},
-                                         SourceCase{"BindingsAndReturnTypes", R"kel(
+)kel"),
+                                         annotatedCase("BindingsAndReturnTypes", R"kel(
 extern Msg $char*$;
 interface I { in void e(); }
 interface J { in Msg e(); } //@18: Datatype is not allowed as return type: 'Msg'
@@ -148,10 +113,8 @@ component S { provides I p; system {
   a.r <=> b.p; //@11: '<=>' requires two arguments of equal type
   a.r <=> *;
 } }
-)kel"}),
-                         [](testing::TestParamInfo<SourceCase> const& info) {
-                             return info.param.name;
-                         });
+)kel")),
+                         caseName);
 
 TEST(TypeCheckedDriverTest, ChecksOnlyWhenAskedAndAlsoAfterAFailedResolution) {
     std::string const source = "component C { behaviour { bool a = u; } }";

@@ -1,35 +1,17 @@
 // Returns, tail recursion, replies and modeling events: parsed sources with
 // the errors that the rules give, in the order that the checks run.
-#include "WellformedSource.h"
+#include "ParsedSource.h"
 
 #include <gmock/gmock.h>
 
 namespace language::test {
 namespace {
 
-struct SourceCase {
-    std::string name;
-    std::string source;
-    std::vector<std::string> expected;
-};
-
-class WellformednessFunctionsTest : public testing::TestWithParam<SourceCase> {};
-
-TEST_P(WellformednessFunctionsTest, ReportsTheRulesBroken) {
-    CheckedSource checked;
-    // The raw literal starts with a line break, so that line 1 is the source's first.
-    EXPECT_THAT(checked.parse(GetParam().source.substr(1)),
-                testing::ElementsAreArray(GetParam().expected));
-    EXPECT_EQ(checked.succeeded, GetParam().expected.empty());
-}
-
-std::string caseName(testing::TestParamInfo<SourceCase> const& info) { return info.param.name; }
-
 // Line 1 of several sources: an interface for components to use.
 #define SERVICE "\ninterface I { in void e(); out void o(); behaviour { on e: {} } }"
 
 INSTANTIATE_TEST_SUITE_P(
-    Returns, WellformednessFunctionsTest,
+    Returns, SourceErrorsTest,
     testing::Values(SourceCase{"MissingReturnOnlyForValuedFunctions",
                                SERVICE R"kel(
 component C {
@@ -56,7 +38,7 @@ component C {
                                {wf(5, 17, "Return Statement not allowed here")}}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(TailRecursion, WellformednessFunctionsTest,
+INSTANTIATE_TEST_SUITE_P(TailRecursion, SourceErrorsTest,
                          testing::Values(SourceCase{
                              "OnlyReturnsAfterTheRecursiveCall",
                              SERVICE R"kel(
@@ -80,7 +62,7 @@ component C {
                          caseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    Replies, WellformednessFunctionsTest,
+    Replies, SourceErrorsTest,
     testing::Values(SourceCase{"RepliesOfAnInterface",
                                R"kel(
 enum E { x };
@@ -137,7 +119,7 @@ component C {
                                 wf(11, 15, "Reply type does not match any event type: bool")}}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(Modeling, WellformednessFunctionsTest,
+INSTANTIATE_TEST_SUITE_P(Modeling, SourceErrorsTest,
                          testing::Values(SourceCase{
                              "SilentOnOnePathOnly",
                              R"kel(

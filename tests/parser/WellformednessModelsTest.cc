@@ -1,30 +1,12 @@
 // Interfaces, components, internal and injected ports, names that clash with
 // their model, and systems: parsed sources with the errors that the rules
 // give, in the order that the checks run.
-#include "WellformedSource.h"
+#include "ParsedSource.h"
 
 #include <gmock/gmock.h>
 
 namespace language::test {
 namespace {
-
-struct SourceCase {
-    std::string name;
-    std::string source;
-    std::vector<std::string> expected;
-};
-
-class WellformednessModelsTest : public testing::TestWithParam<SourceCase> {};
-
-TEST_P(WellformednessModelsTest, ReportsTheRulesBroken) {
-    CheckedSource checked;
-    // The raw literal starts with a line break, so that line 1 is the source's first.
-    EXPECT_THAT(checked.parse(GetParam().source.substr(1)),
-                testing::ElementsAreArray(GetParam().expected));
-    EXPECT_EQ(checked.succeeded, GetParam().expected.empty());
-}
-
-std::string caseName(testing::TestParamInfo<SourceCase> const& info) { return info.param.name; }
 
 // Lines 1-2 of the system sources: an interface and a component to instantiate.
 #define LEAF                                                                                       \
@@ -32,7 +14,7 @@ std::string caseName(testing::TestParamInfo<SourceCase> const& info) { return in
     "\ncomponent Leaf { provides I p; requires I r; behaviour { on p.e(): r.e(); } }"
 
 INSTANTIATE_TEST_SUITE_P(
-    Declarations, WellformednessModelsTest,
+    Declarations, SourceErrorsTest,
     testing::Values(
         SourceCase{"Interfaces",
                    R"kel(
@@ -100,7 +82,7 @@ component C {
     caseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    Systems, WellformednessModelsTest,
+    Systems, SourceErrorsTest,
     testing::Values(SourceCase{"MissingBindingsStopTheCycleCheck",
                                LEAF R"kel(
 component M {

@@ -1,36 +1,18 @@
 // Where statements may stand, which events are triggers and actions, and how
 // values of actions and calls may be used: parsed sources with the errors that
 // the rules give, in the order that the checks run.
-#include "WellformedSource.h"
+#include "ParsedSource.h"
 
 #include <gmock/gmock.h>
 
 namespace language::test {
 namespace {
 
-struct SourceCase {
-    std::string name;
-    std::string source;
-    std::vector<std::string> expected;
-};
-
-class WellformednessStatementsTest : public testing::TestWithParam<SourceCase> {};
-
-TEST_P(WellformednessStatementsTest, ReportsTheRulesBroken) {
-    CheckedSource checked;
-    // The raw literal starts with a line break, so that line 1 is the source's first.
-    EXPECT_THAT(checked.parse(GetParam().source.substr(1)),
-                testing::ElementsAreArray(GetParam().expected));
-    EXPECT_EQ(checked.succeeded, GetParam().expected.empty());
-}
-
-std::string caseName(testing::TestParamInfo<SourceCase> const& info) { return info.param.name; }
-
 // Line 1 of several sources: an interface for components to use.
 #define SERVICE "\ninterface I { in void e(); out void o(); behaviour { on e: {} } }"
 
 INSTANTIATE_TEST_SUITE_P(
-    Placement, WellformednessStatementsTest,
+    Placement, SourceErrorsTest,
     testing::Values(
         SourceCase{"FirstStatementMakesTheListImperative",
                    R"kel(
@@ -145,7 +127,7 @@ component C {
                    {}}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(TriggersAndActions, WellformednessStatementsTest,
+INSTANTIATE_TEST_SUITE_P(TriggersAndActions, SourceErrorsTest,
                          testing::Values(SourceCase{"InterfaceSendsOutAndReactsToIn",
                                                     R"kel(
 interface I {
@@ -185,7 +167,7 @@ interface I {
                          caseName);
 
 INSTANTIATE_TEST_SUITE_P(
-    Values, WellformednessStatementsTest,
+    Values, SourceErrorsTest,
     testing::Values(SourceCase{"CallsOnlyAsWholeRightHandSide",
                                R"kel(
 interface I {

@@ -1,9 +1,9 @@
 // What the well-formedness pass changes in the tree, and what its triggers and
 // labels are.
-#include "ResolvedSource.h"
+#include "ParsedSource.h"
 #include "om/AsType.h"
 #include "om/OMException.h"
-#include "parser/Triggers.h"
+#include "parser/ParserBase.h"
 #include "parser/WellformednessChecker.h"
 
 #include <gmock/gmock.h>
@@ -34,6 +34,14 @@ component C {
   }
 }
 )kel";
+
+std::vector<std::string> names(kel::ConstEventInstanceVec const& triggers) {
+    std::vector<std::string> result;
+    for (kel::EventInstance const* trigger : triggers) {
+        result.push_back(trigger->getName());
+    }
+    return result;
+}
 
 struct CheckedTree : ResolvedSource {
     CheckedTree() : ResolvedSource(source) {
@@ -75,31 +83,25 @@ TEST(WellformednessTreeTest, ModelingEventsKnowWhetherTheyAreSilent) {
 
 TEST(WellformednessTreeTest, TriggersComeInThroughPortsAndInternals) {
     ResolvedSource tree(source);
-    kel::ConstEventInstanceVec triggers = GetAllTriggers(tree.store.model, tree.model("C"));
-    std::vector<std::string> names;
-    for (kel::EventInstance const* trigger : triggers) {
-        names.push_back(trigger->getName());
-    }
+    ParserBase base(tree.store.model);
+    kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("C"));
     // In events on the provided port, with the modeling events that the interface's
     // behaviour made, out events on the required one, and the timer's acknowledgement.
-    EXPECT_THAT(names,
+    EXPECT_THAT(names(triggers),
                 testing::ElementsAre("p.e", "p.q", "p.optional", "p.inevitable", "r.o", "a.ack"));
     om::Oid const first = triggers.front()->getOid();
-    ClearAllTriggers(tree.store.model, triggers);
+    base.ClearAllTriggers(triggers);
     EXPECT_TRUE(triggers.empty());
     EXPECT_EQ(tree.store.model.tryFind(first), nullptr);
 }
 
 TEST(WellformednessTreeTest, TriggersOfAnInterfaceAreItsInEvents) {
     ResolvedSource tree(source);
-    kel::ConstEventInstanceVec triggers = GetAllTriggers(tree.store.model, tree.model("I"));
-    std::vector<std::string> names;
-    for (kel::EventInstance const* trigger : triggers) {
-        names.push_back(trigger->getName());
-    }
+    ParserBase base(tree.store.model);
+    kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("I"));
     // "optional" and "inevitable" became in events of the interface when first used.
-    EXPECT_THAT(names, testing::ElementsAre("e", "q", "optional", "inevitable"));
-    ClearAllTriggers(tree.store.model, triggers);
+    EXPECT_THAT(names(triggers), testing::ElementsAre("e", "q", "optional", "inevitable"));
+    base.ClearAllTriggers(triggers);
 }
 
 TEST(WellformednessTreeTest, LabelsOfDeclarations) {

@@ -1,4 +1,5 @@
 #include "preparser/PreScanner.h"
+#include "ScannedTerminals.h"
 #include "preparser/PreBisonParser.h"
 
 #include <gmock/gmock.h>
@@ -10,56 +11,17 @@ namespace {
 
 using token = pre::PreBisonParser::token;
 
-// One scanned terminal: its code, its value as text, and its span.
-struct Scanned {
-    int code;
-    std::string value;
-    std::uint32_t beginLine, beginColumn, endLine, endColumn;
+using test::ScanCase;
+using test::Scanned;
 
-    friend bool operator==(Scanned const&, Scanned const&) = default;
-};
-
-void PrintTo(Scanned const& s, std::ostream* out) {
-    *out << "{" << s.code << " '" << s.value << "' " << s.beginLine << "." << s.beginColumn << "-"
-         << s.endLine << "." << s.endColumn << "}";
+bool hasText(int code) {
+    return code == token::TOK_IMPORT || code == token::TOK_IDENTIFIER ||
+           code == token::TOK_DATASTRING;
 }
 
-// Takes the value out of the variant, which would otherwise leak it.
-std::string takeValue(int code, pre::PreBisonParser::semantic_type& value) {
-    if (code == token::TOK_INTEGER) {
-        return std::to_string(value.as<std::int32_t>());
-    }
-    if (code == token::TOK_IMPORT || code == token::TOK_IDENTIFIER ||
-        code == token::TOK_DATASTRING) {
-        std::string text = value.as<std::string>();
-        value.destroy<std::string>();
-        return text;
-    }
-    return "";
-}
-
-// Every terminal up to and including the end of the input.
 std::vector<Scanned> scan(std::string const& source) {
-    std::istringstream in(source);
-    pre::PreScanner scanner(&in, nullptr);
-    pre::location loc;
-    std::vector<Scanned> result;
-    int code;
-    do {
-        pre::PreBisonParser::semantic_type value;
-        code = scanner.lex(&value, &loc);
-        result.push_back({code, takeValue(code, value), loc.begin.line, loc.begin.column,
-                          loc.end.line, loc.end.column});
-    } while (code != token::TOK_END);
-    return result;
+    return test::scanTerminals<pre::PreBisonParser, pre::PreScanner>(source, hasText);
 }
-
-struct ScanCase {
-    std::string source;
-    std::vector<Scanned> expected;
-};
-
-void PrintTo(ScanCase const& c, std::ostream* out) { *out << testing::PrintToString(c.source); }
 
 class PreScannerTest : public testing::TestWithParam<ScanCase> {};
 
