@@ -20,7 +20,8 @@ template <class Map> std::vector<Oid> sortedIdsOf(Map const& values) {
         ids.insert(ids.end(), entry.second.begin(), entry.second.end());
     }
     std::ranges::sort(ids);
-    ids.erase(std::ranges::unique(ids).begin(), ids.end());
+    // std::unique, not the ranges form: clang 14 cannot compile the latter with libstdc++ 12.
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
     return ids;
 }
 

@@ -1,8 +1,12 @@
 #include "parser/Parser.h"
 
+#include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/Root.h"
 #include "parser/BisonParser.h"
 #include "parser/ImportPaths.h"
+#include "parser/NestingDepth.h"
 #include "parser/Scanner.h"
+#include "parser/SourceFile.h"
 
 #include <fstream>
 
@@ -30,7 +34,7 @@ bool Parser::parseFile(std::string const& file, std::vector<std::string> const& 
     m_includePaths = includePaths;
     m_fullImports = fullImports;
     m_parsedFiles.insert(file);
-    std::ifstream stream(file);
+    std::ifstream stream = openSourceFile(file);
     if (!stream) {
         fileNotFound(file, nullptr);
         return false;
@@ -56,7 +60,23 @@ bool Parser::parseStream(std::istream& stream, std::string const& name,
     ScannerBinding binding{m_scanner};
     BisonParser parser(*this);
     parser.set_debug_level(m_traceParsing);
-    return parser.parse() == 0 && !hasErrors();
+    bool const parsed = parser.parse() == 0;
+    // Imported files join the tree of the main source, which checks them all at once.
+    if (m_imported == NotImported && !checkNestingDepth()) {
+        return false;
+    }
+    return parsed && !hasErrors();
+}
+
+bool Parser::checkNestingDepth() {
+    om::Object const* tooDeep = findTooDeep(kel::GetRoot(m_model), maxNestingDepth);
+    if (tooDeep == nullptr) {
+        return true;
+    }
+    auto const* located = dynamic_cast<kel::Location const*>(tooDeep);
+    error(located != nullptr ? getLocation(*located) : location(),
+          "nesting deeper than " + std::to_string(maxNestingDepth) + " levels");
+    return FALSE();
 }
 
 void Parser::fileNotFound(std::string const& file, location const* where) {
