@@ -12,7 +12,8 @@ here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-printf '%10s %10s %12s %14s  %s\n' lines bytes "wall (s)" "peak RSS (MB)" "exit, first line of stderr"
+printf '%10s %10s %9s %9s %14s  %s\n' lines bytes "wall (s)" "CPU (s)" "peak RSS (MB)" \
+    "exit, first line of stderr"
 for lines in "${sizes[@]}"; do
     source="$work/source$lines.kel"
     "$here/generate_source.py" "$lines" > "$source"
@@ -24,7 +25,8 @@ for lines in "${sizes[@]}"; do
     set -e
     wall=$(sed -n 's/.*Elapsed (wall clock) time (h:mm:ss or m:ss): //p' "$work/time" |
         awk -F: '{ s = 0; for (i = 1; i <= NF; i++) s = s * 60 + $i; print s }')
+    cpu=$(sed -n 's/.*\(User\|System\) time (seconds): //p' "$work/time" | paste -sd+ | bc)
     rss=$(sed -n 's/.*Maximum resident set size (kbytes): //p' "$work/time")
-    printf '%10s %10s %12s %14.1f  %s, %s\n' "$(wc -l < "$source")" "$(wc -c < "$source")" \
-        "$wall" "$(echo "$rss / 1024" | bc -l)" "$status" "$(head -c 100 "$work/stderr" | head -n 1)"
+    printf '%10s %10s %9s %9s %14.1f  %s, %s\n' "$(wc -l < "$source")" "$(wc -c < "$source")" \
+        "$wall" "$cpu" "$(echo "$rss / 1024" | bc -l)" "$status" "$(head -c 100 "$work/stderr" | head -n 1)"
 done
