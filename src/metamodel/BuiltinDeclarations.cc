@@ -44,10 +44,10 @@ InterfaceDeclaration const* FirstDefaultInterface(Namespace const& space) {
 } // namespace
 
 Root const& GetRoot(om::ObjectModel const& model) {
-    for (auto const* object : model.getRootObjectsVec()) {
-        if (auto const* root = dynamic_cast<Root const*>(object)) {
-            return *root;
-        }
+    om::Object const* root = model.findRoot(
+        [](om::Object const& object) { return dynamic_cast<Root const*>(&object) != nullptr; });
+    if (root != nullptr) {
+        return static_cast<Root const&>(*root);
     }
     throw om::OMException("ObjectModel does not seem to contain a root object");
 }

@@ -102,12 +102,21 @@ ObjectModel::ConstObjectSet ObjectModel::getUsers(Oid id) const {
     return users;
 }
 
+// Pre-order with a stack of its own: a tree may be far deeper than the call stack.
 void ObjectModel::collectTree(Object const& top, ConstObjectVec& tree) const {
-    tree.push_back(&top);
-    for (auto const& entry : top.getCompositions()) {
-        for (Oid const childId : entry.second) {
-            collectTree(*find(childId), tree);
+    ConstObjectVec pending{&top};
+    ConstObjectVec children;
+    while (!pending.empty()) {
+        Object const* object = pending.back();
+        pending.pop_back();
+        tree.push_back(object);
+        children.clear();
+        for (auto const& entry : object->getCompositions()) {
+            for (Oid const childId : entry.second) {
+                children.push_back(find(childId));
+            }
         }
+        pending.insert(pending.end(), children.rbegin(), children.rend());
     }
 }
 

@@ -85,6 +85,16 @@ public:
     ConstObjectVec getRootObjectsVec() const;
     ConstObjectSet getRootObjectsSet() const;
     OidSet getRootOids() const;
+    // The first root that `accept` takes, or null; stops there, unlike the
+    // collections above, which matters while many parts of a tree await a parent.
+    template <class Accept> Object const* findRoot(Accept accept) const {
+        for (auto const& entry : m_roots) {
+            if (accept(*entry.second)) {
+                return entry.second;
+            }
+        }
+        return nullptr;
+    }
 
     // ---- Changes.
     // A new object of the class with all its required children, recursively.

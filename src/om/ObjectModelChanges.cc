@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 namespace om {
 namespace {
@@ -20,8 +21,32 @@ template <class Map> std::vector<Oid> sortedIdsOf(Map const& values) {
         ids.insert(ids.end(), entry.second.begin(), entry.second.end());
     }
     std::ranges::sort(ids);
-    ids.erase(std::ranges::unique(ids).begin(), ids.end());
+    // std::unique, not the ranges form: clang 14 cannot compile the latter with libstdc++ 12.
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
     return ids;
+}
+
+// The ids that `changed` adds to `current`'s compositions when it only appends
+// to them, as building a tree does; nothing when it changes them otherwise.
+// Spares sorting every child of a parent with many on each append.
+std::optional<std::vector<Oid>> appendedChildIds(Object const& current, Object const& changed) {
+    auto const& before = current.getCompositions();
+    auto const& after = changed.getCompositions();
+    if (before.size() != after.size()) {
+        return std::nullopt;
+    }
+    std::vector<Oid> appended;
+    for (auto old = before.begin(), now = after.begin(); old != before.end(); ++old, ++now) {
+        if (old->first != now->first || now->second.size() < old->second.size() ||
+            !std::equal(old->second.begin(), old->second.end(), now->second.begin())) {
+            return std::nullopt;
+        }
+        appended.insert(appended.end(), now->second.begin() + old->second.size(),
+                        now->second.end());
+    }
+    std::sort(appended.begin(), appended.end());
+    appended.erase(std::unique(appended.begin(), appended.end()), appended.end());
+    return appended;
 }
 
 } // namespace
@@ -126,6 +151,15 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
 
 ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
     if (current.getCompositions() == changed.getCompositions()) {
+        return {};
+    }
+    if (auto appended = appendedChildIds(current, changed)) {
+        // An id appended here that is a child of this object already only moved within it.
+        std::erase_if(*appended, [&](Oid id) {
+            auto const parent = m_parents.find(id);
+            return parent != m_parents.end() && parent->second == current.getOid();
+        });
+        administerChildrenAddedToObject(current, *appended, true);
         return {};
     }
     SortedOids const oldChildren = sortedChildIds(current);

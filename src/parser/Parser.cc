@@ -1,9 +1,13 @@
 #include "parser/Parser.h"
 
+#include "metamodel/BuiltinDeclarations.h"
+#include "metamodel/Root.h"
 #include "parser/BisonParser.h"
 #include "parser/ImportPaths.h"
+#include "parser/NestingDepth.h"
 #include "parser/Resolver.h"
 #include "parser/Scanner.h"
+#include "parser/SourceFile.h"
 #include "parser/TypeChecker.h"
 #include "parser/WellformednessChecker.h"
 
@@ -33,7 +37,7 @@ bool Parser::parseFile(std::string const& file, std::vector<std::string> const& 
     m_includePaths = includePaths;
     m_fullImports = fullImports;
     m_parsedFiles.insert(file);
-    std::ifstream stream(file);
+    std::ifstream stream = openSourceFile(file);
     if (!stream) {
         fileNotFound(file, nullptr);
         return false;
@@ -61,9 +65,14 @@ bool Parser::parseStream(std::istream& stream, std::string const& name,
     ScannerBinding binding{m_scanner};
     BisonParser parser(*this);
     parser.set_debug_level(m_traceParsing);
-    bool parsed = parser.parse() == 0 && !hasErrors();
+    bool const parsed = parser.parse() == 0 && !hasErrors();
     if (!resolve) {
         return parsed;
+    }
+    // The passes after parsing walk the tree recursively: a tree too deep for
+    // them is reported and not walked.
+    if (!checkNestingDepth()) {
+        return false;
     }
     bool const passed = resolveAndCheck(check);
     return parsed && passed && !hasErrors();
@@ -89,6 +98,17 @@ bool Parser::resolveAndCheck(bool check) {
     bool const wellformed = wellformednessChecker.checkWellformedness();
     importErrors(wellformednessChecker);
     return wellformed;
+}
+
+bool Parser::checkNestingDepth() {
+    om::Object const* tooDeep = findTooDeep(kel::GetRoot(m_model), maxNestingDepth);
+    if (tooDeep == nullptr) {
+        return true;
+    }
+    auto const* located = dynamic_cast<kel::Location const*>(tooDeep);
+    error(located != nullptr ? getLocation(*located) : location(),
+          "nesting deeper than " + std::to_string(maxNestingDepth) + " levels");
+    return FALSE();
 }
 
 void Parser::fileNotFound(std::string const& file, location const* where) {

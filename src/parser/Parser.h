@@ -4,6 +4,7 @@
 
 #include "parser/GrammarActions.h"
 
+#include <cstddef>
 #include <istream>
 #include <set>
 #include <string>
@@ -38,6 +39,11 @@ public:
     // parseStream, with imports looked for next to the named file first.
     bool parseStreamRecursive(std::istream& stream, std::string const& name, bool fullImports,
                               bool check);
+
+    // Each nested import parses inside its importer's parse, on the call stack;
+    // a chain of imports longer than this is refused at the clause that would
+    // exceed it. Real sources import a few levels deep.
+    static constexpr std::size_t maxImportDepth = 100;
 
     // Lets the generated scanner and parser report their steps on the log stream.
     void setTracing(bool scanning, bool parsing) {
@@ -174,6 +180,9 @@ private:
     bool skipsImported() const;
     // Whether models made now are marked as coming from another file.
     bool marksImported() const;
+    // Reports the first part of the tree that nests too deep for the passes that
+    // follow, which then must not run.
+    bool checkNestingDepth();
     // Removes an object that the tree will not hold, with everything below it.
     void drop(om::Oid id);
     void reportCompoundName(kel::Namespace const& misplaced);
@@ -207,6 +216,8 @@ private:
     std::string m_directory = ".";
     Imported m_imported = NotImported;
     bool m_fullImports = false;
+    // How many imports lead from the main source to this file.
+    std::size_t m_importDepth = 0;
 
     // Every path opened for parsing in this process; imports consult it.
     static std::set<std::string> m_parsedFiles;

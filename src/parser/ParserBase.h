@@ -12,6 +12,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace language {
@@ -144,6 +145,11 @@ private:
 
     std::unique_ptr<Files> m_ownFiles;
     Files* m_files;
+    // The first File of each name among the first m_indexedFiles of m_files.
+    // Others that share m_files append to it, so the index catches up on lookup;
+    // every booked location looks its file up.
+    mutable std::unordered_map<std::string, kel::File const*> m_fileIndex;
+    mutable std::size_t m_indexedFiles = 0;
     std::vector<ErrorElement> m_errors;
     kel::TypeDeclaration const* m_boolType = nullptr;
     kel::EventDeclaration const* m_illegalEvent = nullptr;

@@ -29,10 +29,12 @@ kel::File const& ParserBase::addFile(std::string const& name) {
 }
 
 kel::File const& ParserBase::GetFile(std::string const& name) const {
-    for (kel::File const* file : *m_files) {
-        if (file->getName() == name) {
-            return *file;
-        }
+    for (; m_indexedFiles < m_files->size(); ++m_indexedFiles) {
+        kel::File const* file = (*m_files)[m_indexedFiles];
+        m_fileIndex.try_emplace(file->getName(), file);
+    }
+    if (auto const found = m_fileIndex.find(name); found != m_fileIndex.end()) {
+        return *found->second;
     }
     throw om::OMException("ObjectModel does not seem to contain File object with name " + name);
 }

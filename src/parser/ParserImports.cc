@@ -2,11 +2,13 @@
 
 #include "om/OMException.h"
 #include "parser/ImportPaths.h"
+#include "parser/SourceFile.h"
 #include "preparser/PreParser.h"
 
 #include <fstream>
 #include <iostream>
 #include <sstream>
+#include <string>
 
 namespace language {
 
@@ -29,7 +31,7 @@ void Parser::handleImportClause(std::string const& file, L const& where) {
         if (m_parsedFiles.contains(candidate)) {
             return;
         }
-        std::ifstream probe(candidate);
+        std::ifstream probe = openSourceFile(candidate);
         if (!probe) {
             continue;
         }
@@ -41,11 +43,16 @@ void Parser::handleImportClause(std::string const& file, L const& where) {
         if (!preParser.hasUsable() && m_imported != NotImported && !m_fullImports) {
             return;
         }
+        if (m_importDepth == maxImportDepth) {
+            error(where, "imports nested deeper than " + std::to_string(maxImportDepth) + " files");
+            return;
+        }
         m_parsedFiles.insert(candidate);
         Parser imported(m_model, sharedFiles(),
                         preParser.hasUsable() ? ImportedUsable : ImportedComponents, m_fullImports);
+        imported.m_importDepth = m_importDepth + 1;
         imported.m_includePaths = searchList;
-        std::ifstream stream(candidate);
+        std::ifstream stream = openSourceFile(candidate);
         imported.parseStreamRecursive(stream, candidate, m_fullImports, false);
         importErrors(imported);
         return;

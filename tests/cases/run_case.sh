@@ -8,6 +8,8 @@
 #   expected_stdout  optional: the exact standard output (else none)
 #   expected_stderr  optional: the exact standard error (else none)
 #   expected_status  optional: the exit status (else 0)
+#   setup            optional: an executable run first, in a scratch copy of the
+#                    folder; its exit status 77 skips the case (CTest shows why)
 # The tool runs inside the folder under the name "kel-trace", so relative paths
 # and the program name in messages are the same on every machine.
 set -u
@@ -15,14 +17,20 @@ binary=$1
 case_dir=$2
 cd "$case_dir" || exit 2
 
+scratch=$(mktemp -d)
+actual=$(mktemp -d)
+trap 'chmod -R u+rwX "$scratch"; rm -rf "$scratch" "$actual"' EXIT
+if [ -x setup ]; then
+    cp -a . "$scratch" && cd "$scratch" || exit 2
+    ./setup || exit $?
+fi
+
 mapfile -t args < args
 input=/dev/null
 [ -f stdin ] && input=stdin
 expected_status=0
 [ -f expected_status ] && expected_status=$(< expected_status)
 
-actual=$(mktemp -d)
-trap 'rm -rf "$actual"' EXIT
 (exec -a kel-trace "$binary" "${args[@]}" < "$input" > "$actual/stdout" 2> "$actual/stderr")
 status=$?
 

@@ -93,5 +93,24 @@ TEST_F(ObjectModelDestroyTest, RootGoesWithItsWholeTree) {
     expectConsistentIndexes();
 }
 
+// A chain far deeper than the call stack could follow in recursion.
+TEST_F(ObjectModelDestroyTest, DeepChainIsWalkedAndDestroyed) {
+    constexpr std::size_t depth = 100000;
+    Oid const top = create("test::Node");
+    Oid bottom = top;
+    for (std::size_t i = 1; i < depth; ++i) {
+        Oid const next = create("test::Node");
+        addChild(bottom, "Optional", next);
+        bottom = next;
+    }
+    EXPECT_EQ(model.getTreeVec(top).size(), 2 * depth) << "each node has its required leaf";
+    ObjectModel::ConstObjectVec const tree = model.getTreeVec(top);
+    EXPECT_EQ(tree[1]->getOid(), childIn(top, "Optional")) << "pre-order, by composition name";
+    EXPECT_EQ(tree.back()->getOid(), childIn(top, "Required"));
+    model.destroyRecursive(top);
+    EXPECT_EQ(model.tryFind(bottom), nullptr);
+    EXPECT_THAT(model.getRootOids(), IsEmpty());
+}
+
 } // namespace
 } // namespace om

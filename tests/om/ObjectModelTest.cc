@@ -30,6 +30,17 @@ TEST_F(ObjectModelTest, CreateRecursiveMakesTheRequiredChildrenOnly) {
     expectConsistentIndexes();
 }
 
+TEST_F(ObjectModelTest, FindRootTakesTheFirstAcceptedRootInIdOrder) {
+    Oid const node = create("test::Node");
+    Oid const firstLeaf = create("test::Leaf");
+    Oid const secondLeaf = create("test::Leaf");
+    addChild(node, "Optional", firstLeaf);
+    auto const isLeaf = [](Object const& object) { return object.getClassName() == "test::Leaf"; };
+    ASSERT_NE(model.findRoot(isLeaf), nullptr);
+    EXPECT_EQ(model.findRoot(isLeaf)->getOid(), secondLeaf) << "a child is no root";
+    EXPECT_EQ(model.findRoot([](Object const&) { return false; }), nullptr);
+}
+
 TEST_F(ObjectModelTest, LookupsAndTheirMessages) {
     Oid const leaf = create("test::Leaf");
     Oid const unknown = leaf + 1000;

@@ -43,6 +43,20 @@ TEST_F(ParserBaseLocationsTest, FilesAreSharedWithAPassMadeOnTheSameList) {
     EXPECT_THROW(base.GetFile("a.kel"), om::OMException);
 }
 
+// A lookup remembers what it saw; files that a sharer adds later must still be found.
+TEST_F(ParserBaseLocationsTest, FilesAddedAfterALookupAreFoundAndTheFirstOfANameStays) {
+    ParserBase::Files files;
+    ParserBase first(store.model, &files), second(store.model, &files);
+    kel::File const& a = first.addFile("a.kel");
+    EXPECT_EQ(&first.GetFile("a.kel"), &a);
+    EXPECT_THROW(first.GetFile("b.kel"), om::OMException);
+    kel::File const& b = second.addFile("b.kel");
+    second.addFile("a.kel");
+    EXPECT_EQ(&first.GetFile("b.kel"), &b);
+    EXPECT_EQ(&first.GetFile("a.kel"), &a);
+    EXPECT_EQ(&second.GetFile("a.kel"), &a);
+}
+
 TEST_F(ParserBaseLocationsTest, BooksBeginEndAndMainPositionOfThreeLocations) {
     std::string const name = "a.kel";
     kel::File const& file = base.addFile(name);

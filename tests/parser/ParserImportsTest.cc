@@ -86,6 +86,37 @@ TEST_F(ParserImportsTest, IncludePathsAreSearchedAfterTheOwnDirectory) {
     EXPECT_EQ(modelNames(), "Y");
 }
 
+// A directory opens on Linux and reads as empty; it must not satisfy the import.
+TEST_F(ParserImportsTest, ADirectoryOfTheImportedNameIsPassedOver) {
+    std::filesystem::create_directories(path("src/x.kel"));
+    write("inc/x.kel", "interface X { }");
+    write("src/main.kel", "import x.kel;");
+    ASSERT_TRUE(parseFile("src/main.kel", {path("inc")})) << errors();
+    EXPECT_EQ(modelNames(), "X");
+}
+
+TEST_F(ParserImportsTest, ADirectoryAsTheMainSourceCannotBeOpened) {
+    std::filesystem::create_directories(path("folder"));
+    EXPECT_FALSE(parseFile("folder"));
+    EXPECT_EQ(errors(), ": cannot open '" + path("folder") + "'\n");
+}
+
+// Each import parses inside its importer's parse: a long chain would exhaust the call stack.
+TEST_F(ParserImportsTest, AChainOfImportsTooLongIsCutWithAnError) {
+    std::size_t const files = Parser::maxImportDepth + 20;
+    for (std::size_t i = 0; i < files; ++i) {
+        write("c" + std::to_string(i) + ".kel", "import c" + std::to_string(i + 1) +
+                                                    ".kel;\ninterface I" + std::to_string(i) +
+                                                    " { }\n");
+    }
+    std::string const cut = std::to_string(Parser::maxImportDepth);
+    EXPECT_FALSE(parseFile("c0.kel"));
+    EXPECT_EQ(errors(),
+              path("c" + cut + ".kel") + ":1:1: imports nested deeper than " + cut + " files\n");
+    EXPECT_EQ(kel::GetDefaultNamespace(store.model)->getModels().size(),
+              Parser::maxImportDepth + 1);
+}
+
 TEST_F(ParserImportsTest, AnImportFoundNowhereIsReportedAtTheClause) {
     write("main2.kel", "import nope.kel;\ninterface I { }");
     testing::internal::CaptureStderr();
