@@ -65,7 +65,7 @@ void BM_ParseAndResolveLongBlock(benchmark::State& state) {
 }
 BENCHMARK(BM_ParseManyModels)->Arg(100)->Arg(1000);
 BENCHMARK(BM_ParseAndResolveManyModels)->Arg(100)->Arg(1000);
-BENCHMARK(BM_ParseLongBlock)->Arg(500)->Arg(2000)->Arg(8000);
-BENCHMARK(BM_ParseAndResolveLongBlock)->Arg(500)->Arg(2000)->Arg(8000);
+BENCHMARK(BM_ParseLongBlock)->Arg(500)->Arg(2000)->Arg(8000)->Arg(32000);
+BENCHMARK(BM_ParseAndResolveLongBlock)->Arg(500)->Arg(2000)->Arg(8000)->Arg(32000);
 
 } // namespace

@@ -32,9 +32,13 @@ template <class T, class Parent> T const* AddNew(om::ObjectModel& model, Parent 
     return &Find<T>(model, childId);
 }
 
+// Walks the ids rather than getModels(): the default namespace can hold every
+// model of a large source, and this is asked once per illegal action.
 InterfaceDeclaration const* FirstDefaultInterface(Namespace const& space) {
-    for (auto const* interface : space.getModels().asInterfaceDeclaration()) {
-        if (interface->getName().empty()) {
+    om::ObjectModel const& model = space.getOwner();
+    for (om::Oid const id : space.getComposition(Namespace::ModelsComposition)) {
+        auto const* interface = dynamic_cast<InterfaceDeclaration const*>(model.find(id));
+        if (interface != nullptr && interface->getName().empty()) {
             return interface;
         }
     }

@@ -1,20 +1,28 @@
 #include "metamodel/MemberAccess.h"
 
+#include <unordered_set>
+
 namespace kel {
 namespace {
 
-template <class Ids>
-void InsertAll(om::Object& parent, std::string const& key, Ids const& ids, bool replace) {
-    auto value = parent.getComposition(key);
-    if (replace) {
-        value.clear();
+// Adds the ids not held yet, in order. One id is searched for; many are
+// checked against one set, so adding thousands stays linear.
+template <class Ids> void InsertAll(om::Object& parent, std::string const& key, Ids const& ids) {
+    if (ids.empty()) {
+        return;
     }
-    for (auto id : ids) {
-        if (replace) {
-            value.push_back(id);
-        } else {
-            value.insert(id);
+    auto value = parent.getComposition(key);
+    if (ids.size() == 1) {
+        value.insert(*ids.begin());
+    } else {
+        std::vector<om::Oid> all = value.asOidVec();
+        std::unordered_set<om::Oid> held(all.begin(), all.end());
+        for (auto id : ids) {
+            if (held.insert(id).second) {
+                all.push_back(id);
+            }
         }
+        value.assign(all);
     }
     parent.setComposition(key, value);
 }
@@ -37,15 +45,17 @@ std::vector<om::Object const*> ChildrenWhere(om::Object const& parent,
 }
 
 void ReplaceChildren(om::Object& parent, std::string const& key, std::vector<om::Oid> const& ids) {
-    InsertAll(parent, key, ids, true);
+    auto value = parent.getComposition(key);
+    value.assign(ids);
+    parent.setComposition(key, value);
 }
 
 void AddChildren(om::Object& parent, std::string const& key, std::vector<om::Oid> const& ids) {
-    InsertAll(parent, key, ids, false);
+    InsertAll(parent, key, ids);
 }
 
 void AddChildren(om::Object& parent, std::string const& key, std::set<om::Oid> const& ids) {
-    InsertAll(parent, key, ids, false);
+    InsertAll(parent, key, ids);
 }
 
 void RemoveChildId(om::Object& parent, std::string const& key, om::Oid id) {

@@ -25,21 +25,6 @@
 namespace kel {
 namespace {
 
-bool SameDeclaration(EventReference const& a, EventReference const& b) {
-    return a.hasDeclaration() && b.hasDeclaration() &&
-           a.getDeclarationOid() == b.getDeclarationOid();
-}
-
-bool SamePort(EventInstance const& a, EventInstance const& b) {
-    if (!a.hasPort() || !b.hasPort()) {
-        return a.hasPort() == b.hasPort();
-    }
-    auto const& portA = a.getPort();
-    auto const& portB = b.getPort();
-    return portA.hasDeclaration() && portB.hasDeclaration() &&
-           portA.getDeclarationOid() == portB.getDeclarationOid();
-}
-
 // The statements of the compound, each blocking statement replaced by its content.
 ConstBehaviourStatementVec UnblockedStatements(CompoundStatement const& compound) {
     ConstBehaviourStatementVec result;
@@ -82,6 +67,10 @@ bool IsBuiltin(OnEventStatement const& statement) {
 bool IsBool(TypeDeclaration const& type) { return type.getName() == "bool"; }
 
 bool IsDefaultInterface(InterfaceDeclaration const& interface) {
+    // The default interface is unnamed; a named one need not search the store.
+    if (!interface.getName().empty()) {
+        return false;
+    }
     auto const* defaultInterface = GetDefaultInterface(interface.getOwner());
     return defaultInterface != nullptr && defaultInterface->getOid() == interface.getOid();
 }
@@ -128,7 +117,23 @@ bool IsDataVariable(VariableDeclaration const& variable) {
 bool IsStateVariable(VariableDeclaration const& variable) { return !IsDataVariable(variable); }
 
 bool IsEqual(EventInstance const& a, EventInstance const& b) {
-    return SameDeclaration(a.getEvent(), b.getEvent()) && SamePort(a, b);
+    auto const identity = IdentityOf(a);
+    return identity.has_value() && identity == IdentityOf(b);
+}
+
+std::optional<EventIdentity> IdentityOf(EventInstance const& instance) {
+    auto const& event = instance.getEvent();
+    if (!event.hasDeclaration()) {
+        return std::nullopt;
+    }
+    if (!instance.hasPort()) {
+        return EventIdentity{event.getDeclarationOid(), om::NULL_OID};
+    }
+    auto const& port = instance.getPort();
+    if (!port.hasDeclaration()) {
+        return std::nullopt;
+    }
+    return EventIdentity{event.getDeclarationOid(), port.getDeclarationOid()};
 }
 
 EventInstance const* tryGetActionEventInstance(BehaviourStatement const& statement) {

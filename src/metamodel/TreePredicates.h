@@ -13,7 +13,9 @@
 #include "metamodel/TypeDeclaration.h"
 #include "metamodel/VariableDeclaration.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace kel {
 
@@ -39,6 +41,11 @@ bool IsDataVariable(VariableDeclaration const& variable);
 bool IsStateVariable(VariableDeclaration const& variable);
 // Same event declaration, and either no port on both or the same port declaration.
 bool IsEqual(EventInstance const& a, EventInstance const& b);
+// What IsEqual compares: the ids of the event's declaration and of the port's
+// (NULL_OID without a port); nothing when either is unresolved, as such an
+// instance equals no other. Lets a caller keep many instances in a set.
+using EventIdentity = std::pair<om::Oid, om::Oid>;
+std::optional<EventIdentity> IdentityOf(EventInstance const& instance);
 
 // The event instance that an action, an assignment of an action or a
 // variable initialised by an action performs; null for anything else.

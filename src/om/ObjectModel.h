@@ -131,7 +131,6 @@ private:
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
     static SortedOids sortedChildIds(Object const& object);
-    static SortedOids sortedAssociationIds(Object const& object);
     void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);

@@ -1,62 +1,20 @@
 // ObjectModel: making, changing and destroying objects in the store.
+#include "om/IdDelta.h"
 #include "om/OMException.h"
 #include "om/ObjectModel.h"
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
 
 namespace om {
-namespace {
-
-std::vector<Oid> difference(std::vector<Oid> const& from, std::vector<Oid> const& minus) {
-    std::vector<Oid> result;
-    std::ranges::set_difference(from, minus, std::back_inserter(result));
-    return result;
-}
-
-template <class Map> std::vector<Oid> sortedIdsOf(Map const& values) {
-    std::vector<Oid> ids;
-    for (auto const& entry : values) {
+ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
+    SortedOids ids;
+    for (auto const& entry : object.getCompositions()) {
         ids.insert(ids.end(), entry.second.begin(), entry.second.end());
     }
     std::ranges::sort(ids);
     // std::unique, not the ranges form: clang 14 cannot compile the latter with libstdc++ 12.
     ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
     return ids;
-}
-
-// The ids that `changed` adds to `current`'s compositions when it only appends
-// to them, as building a tree does; nothing when it changes them otherwise.
-// Spares sorting every child of a parent with many on each append.
-std::optional<std::vector<Oid>> appendedChildIds(Object const& current, Object const& changed) {
-    auto const& before = current.getCompositions();
-    auto const& after = changed.getCompositions();
-    if (before.size() != after.size()) {
-        return std::nullopt;
-    }
-    std::vector<Oid> appended;
-    for (auto old = before.begin(), now = after.begin(); old != before.end(); ++old, ++now) {
-        if (old->first != now->first || now->second.size() < old->second.size() ||
-            !std::equal(old->second.begin(), old->second.end(), now->second.begin())) {
-            return std::nullopt;
-        }
-        appended.insert(appended.end(), now->second.begin() + old->second.size(),
-                        now->second.end());
-    }
-    std::sort(appended.begin(), appended.end());
-    appended.erase(std::unique(appended.begin(), appended.end()), appended.end());
-    return appended;
-}
-
-} // namespace
-
-ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
-    return sortedIdsOf(object.getCompositions());
-}
-
-ObjectModel::SortedOids ObjectModel::sortedAssociationIds(Object const& object) {
-    return sortedIdsOf(object.getAssociations());
 }
 
 Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
@@ -133,44 +91,31 @@ void ObjectModel::update(Object const& changed) {
     }
 }
 
-// Most updates change properties only; equal maps hold equal ids, so the
-// comparison, which allocates nothing, spares the set arithmetic.
 void ObjectModel::updateUsers(Object const& current, Object const& changed) {
-    if (current.getAssociations() == changed.getAssociations()) {
-        return;
-    }
-    SortedOids const oldTargets = sortedAssociationIds(current);
-    SortedOids const newTargets = sortedAssociationIds(changed);
-    for (Oid const target : difference(oldTargets, newTargets)) {
+    IdDelta delta = deltaOf(current.getAssociations(), changed.getAssociations());
+    dropStillHeld(delta.removed, changed.getAssociations());
+    for (Oid const target : delta.removed) {
         m_users[target].erase(current.getOid());
     }
-    for (Oid const target : difference(newTargets, oldTargets)) {
+    for (Oid const target : delta.added) {
         m_users[target].insert(current.getOid());
     }
 }
 
 ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
-    if (current.getCompositions() == changed.getCompositions()) {
-        return {};
-    }
-    if (auto appended = appendedChildIds(current, changed)) {
-        // An id appended here that is a child of this object already only moved within it.
-        std::erase_if(*appended, [&](Oid id) {
-            auto const parent = m_parents.find(id);
-            return parent != m_parents.end() && parent->second == current.getOid();
-        });
-        administerChildrenAddedToObject(current, *appended, true);
-        return {};
-    }
-    SortedOids const oldChildren = sortedChildIds(current);
-    SortedOids const newChildren = sortedChildIds(changed);
-    administerChildrenAddedToObject(current, difference(newChildren, oldChildren), true);
-    SortedOids lostChildren = difference(oldChildren, newChildren);
-    for (Oid const childId : lostChildren) {
+    IdDelta delta = deltaOf(current.getCompositions(), changed.getCompositions());
+    // An added id that is a child of this object already only moved within it.
+    std::erase_if(delta.added, [&](Oid id) {
+        auto const parent = m_parents.find(id);
+        return parent != m_parents.end() && parent->second == current.getOid();
+    });
+    administerChildrenAddedToObject(current, delta.added, true);
+    dropStillHeld(delta.removed, changed.getCompositions());
+    for (Oid const childId : delta.removed) {
         m_parents[childId] = NULL_OID;
         m_roots.emplace(childId, findRef(childId));
     }
-    return lostChildren;
+    return delta.removed;
 }
 
 void ObjectModel::destroyRecursive(Oid id) {

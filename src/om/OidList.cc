@@ -63,6 +63,27 @@ template <class Derived> void OidList<Derived>::setAt(Index index, Oid id) {
     mutableData()[index] = id;
 }
 
+template <class Derived> void OidList<Derived>::assign(std::vector<Oid> const& ids) {
+    if (std::ranges::find(ids, NULL_OID) != ids.end()) {
+        throw OMException("id may not be NULL_OID");
+    }
+    if (Derived::uniqueIds) {
+        std::vector<Oid> sorted = ids;
+        std::ranges::sort(sorted);
+        if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end()) {
+            throw OMException("id not unique");
+        }
+    }
+    if (m_isVector) {
+        *m_vector = ids;
+    } else if (ids.size() <= 1) {
+        m_id = ids.empty() ? NULL_OID : ids.front();
+    } else {
+        m_vector = new std::vector<Oid>(ids);
+        m_isVector = true;
+    }
+}
+
 template <class Derived> void OidList<Derived>::push_back(Oid id) {
     requireNotNull(id);
     requireUniqueIfNeeded(id);

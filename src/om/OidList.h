@@ -32,6 +32,9 @@ public:
     // Back to the single form holding `id`; NULL_OID leaves the value empty.
     void set(Oid id);
     void setAt(Index index, Oid id);
+    // clear() and push_back of each id, checked once for the whole list (a
+    // sort, not a search per id); on an error the value stays as it was.
+    void assign(std::vector<Oid> const& ids);
     void push_back(Oid id);
     // Appends unless the id is there already; returns whether it appended.
     bool insert(Oid id);

@@ -45,18 +45,24 @@ template <class MakeOne> om::Oid Parser::constructNested(L const& at, Names cons
 }
 
 void Parser::fileDeclarations(kel::Namespace& container, Oids const& declarations) {
+    // Sorted first and added once per kind: each addition copies the whole list.
+    Oids namespaces, types, models, natives;
     for (om::Oid id : declarations) {
         om::Object const* object = m_model.find(id);
         if (dynamic_cast<kel::Namespace const*>(object) != nullptr) {
-            container.addToNamespaces(id);
+            namespaces.push_back(id);
         } else if (dynamic_cast<kel::TypeDeclaration const*>(object) != nullptr) {
-            container.addToTypes(id);
+            types.push_back(id);
         } else if (dynamic_cast<kel::ModelDeclaration const*>(object) != nullptr) {
-            container.addToModels(id);
+            models.push_back(id);
         } else if (dynamic_cast<kel::NativeStatement const*>(object) != nullptr) {
-            container.addToNativeStatements(id);
+            natives.push_back(id);
         }
     }
+    container.addToNamespaces(namespaces);
+    container.addToTypes(types);
+    container.addToModels(models);
+    container.addToNativeStatements(natives);
 }
 
 om::Oid Parser::constructAllTypesAndModels(Oids const& declarations) {

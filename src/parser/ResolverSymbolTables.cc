@@ -5,8 +5,15 @@ namespace language {
 
 namespace {
 
-std::vector<om::Oid> childIds(om::Object const& object, std::string const& composition) {
-    return object.getComposition(composition).asOidVec();
+// The ids of one composition of every namespace but the first, in order.
+std::vector<om::Oid> childIdsOfTwins(std::vector<kel::Namespace const*> const& twins,
+                                     std::string const& composition) {
+    std::vector<om::Oid> ids;
+    for (auto twin = twins.begin() + 1; twin != twins.end(); ++twin) {
+        om::CompositionValue const& children = (*twin)->getComposition(composition);
+        ids.insert(ids.end(), children.begin(), children.end());
+    }
+    return ids;
 }
 
 // Enters the object under its name unless the scope has that name already.
@@ -28,11 +35,10 @@ void Resolver::mergeNamespaces(kel::ConstNamespaceVec namespaces) {
     for (auto const& [name, twins] : byName) {
         kel::Namespace const& first = *twins.front();
         kel::Namespace merged(first);
-        for (auto twin = twins.begin() + 1; twin != twins.end(); ++twin) {
-            merged.addToNamespaces(childIds(**twin, kel::Namespace::NamespacesComposition));
-            merged.addToModels(childIds(**twin, kel::Namespace::ModelsComposition));
-            merged.addToTypes(childIds(**twin, kel::Namespace::TypesComposition));
-        }
+        // One addition per composition: a namespace may have many thousand twins.
+        merged.addToNamespaces(childIdsOfTwins(twins, kel::Namespace::NamespacesComposition));
+        merged.addToModels(childIdsOfTwins(twins, kel::Namespace::ModelsComposition));
+        merged.addToTypes(childIdsOfTwins(twins, kel::Namespace::TypesComposition));
         m_model.update(merged);
         mergeNamespaces(first.getNamespaces());
     }
@@ -87,8 +93,8 @@ bool Resolver::reportConflictingType(kel::TypeDeclaration const& type, om::Oid p
     if (auto const* enumType = dynamic_cast<kel::EnumTypeDeclaration const*>(&type)) {
         auto const* other = dynamic_cast<kel::EnumTypeDeclaration const*>(&previous);
         if (other != nullptr &&
-            childIds(*other, kel::EnumTypeDeclaration::ValuesComposition) ==
-                childIds(*enumType, kel::EnumTypeDeclaration::ValuesComposition)) {
+            other->getComposition(kel::EnumTypeDeclaration::ValuesComposition) ==
+                enumType->getComposition(kel::EnumTypeDeclaration::ValuesComposition)) {
             return true;
         }
         kind = "EnumType";

@@ -4,11 +4,13 @@
 #pragma once
 
 #include "metamodel/Kel.h"
+#include "metamodel/TreePredicates.h"
 #include "om/ObjectModel.h"
 #include "parser/ParserBase.h"
 #include "parser/Recurser.h"
 #include "parser/SilentChecker.h"
 
+#include <set>
 #include <string>
 
 namespace language {
@@ -110,8 +112,15 @@ private:
                                   kel::FunctionDeclaration const& function,
                                   Recurser const& recurser);
 
+    // Made for the model under check and cleared after it.
+    void takeTriggersOf(kel::ModelDeclaration const& model);
+    void clearTriggers();
+    bool isTrigger(kel::EventInstance const& event) const;
+
     // The triggers of the model under check; they exist only during its check.
     kel::ConstEventInstanceVec m_triggers;
+    // Their identities: a model can have thousands of triggers and actions.
+    std::set<kel::EventIdentity> m_triggerIdentities;
 };
 
 } // namespace language

@@ -26,9 +26,9 @@ bool WellformednessChecker::checkWellformednessNamespace(kel::Namespace const& s
         if (interface == nullptr || kel::IsDefaultInterface(*interface)) {
             continue;
         }
-        m_triggers = GetAllTriggers(*interface);
+        takeTriggersOf(*interface);
         ok = checkWellformednessInterface(*interface) && ok;
-        ClearAllTriggers(m_triggers);
+        clearTriggers();
     }
     for (kel::ModelDeclaration const* model : models) {
         kel::ComponentDeclaration const* component = model->asComponentDeclaration();
@@ -39,11 +39,11 @@ bool WellformednessChecker::checkWellformednessNamespace(kel::Namespace const& s
             ok = checkModelNameclash(*port) && ok;
         }
         ok = checkInjectedPorts(*component) && ok;
-        m_triggers = GetAllTriggers(*component);
+        takeTriggersOf(*component);
         ok = (component->hasSystem() ? checkWellformednessSystem(*component)
                                      : checkWellformednessComponent(*component)) &&
              ok;
-        ClearAllTriggers(m_triggers);
+        clearTriggers();
     }
     return ok;
 }

@@ -203,18 +203,38 @@ bool WellformednessChecker::checkMixingIllegal(kel::ConstBehaviourStatementVec c
            report(*illegal, "Illegal must be the only Statement in a compound");
 }
 
+void WellformednessChecker::takeTriggersOf(kel::ModelDeclaration const& model) {
+    m_triggers = GetAllTriggers(model);
+    for (kel::EventInstance const* trigger : m_triggers) {
+        if (auto const identity = kel::IdentityOf(*trigger)) {
+            m_triggerIdentities.insert(*identity);
+        }
+    }
+}
+
+void WellformednessChecker::clearTriggers() {
+    ClearAllTriggers(m_triggers);
+    m_triggerIdentities.clear();
+}
+
+// vecIsMember against the triggers, in log time.
+bool WellformednessChecker::isTrigger(kel::EventInstance const& event) const {
+    auto const identity = kel::IdentityOf(event);
+    return identity.has_value() && m_triggerIdentities.contains(*identity);
+}
+
 bool WellformednessChecker::checkDirection(kel::BehaviourStatement const& statement) {
     if (kel::OnEventStatement const* on = statement.asOnEventStatement()) {
         bool ok = true;
         for (kel::EventInstance const* event : on->getEventsVec()) {
-            if (!vecIsMember(*event, m_triggers)) {
+            if (!isTrigger(*event)) {
                 ok = report(*event, "Event is not a valid trigger: " + event->getName());
             }
         }
         return ok;
     }
     kel::EventInstance const* action = kel::tryGetActionEventInstance(statement);
-    if (action != nullptr && vecIsMember(*action, m_triggers)) {
+    if (action != nullptr && isTrigger(*action)) {
         return report(*action, "Event is not an action: " + action->getName());
     }
     return true;

@@ -11,6 +11,7 @@ namespace om {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
 template <class Value> Value valueOf(std::vector<Oid> const& ids) {
@@ -201,12 +202,37 @@ TYPED_TEST(OidListTest, FailuresLeaveTheValueUnchanged) {
         vector, [](auto& v) { v.convertToVector(); }, name + " is already a vector");
 }
 
+TYPED_TEST(OidListTest, AssignIsClearThenPushBackOfEachId) {
+    struct Case {
+        std::vector<Oid> before;
+        std::vector<Oid> ids;
+    };
+    for (Case const& c : std::vector<Case>{
+             {{}, {}}, {{}, {3}}, {{}, {3, 4}}, {{1}, {}}, {{1}, {3, 4}}, {{1, 2}, {}}, {{1, 2}, {3}}}) {
+        auto assigned = valueOf<TypeParam>(c.before);
+        auto pushed = assigned;
+        assigned.assign(c.ids);
+        pushed.clear();
+        for (Oid const id : c.ids) {
+            pushed.push_back(id);
+        }
+        EXPECT_THAT(assigned.asOidVec(), ElementsAreArray(c.ids));
+        EXPECT_EQ(assigned.isVector(), pushed.isVector());
+    }
+    auto value = valueOf<TypeParam>({1, 2});
+    expectFailsUnchanged(
+        value, [](auto& v) { v.assign({3, NULL_OID}); }, "id may not be NULL_OID");
+}
+
 TEST(AssociationValueTest, MayHoldAnIdMoreThanOnce) {
     auto value = valueOf<AssociationValue>({4, 1, 4});
     value.push_back(4);
     value.insertAt(0, 1);
     value.setAt(1, 1);
     EXPECT_THAT(value.asOidVec(), ElementsAre(1, 1, 1, 4, 4));
+    auto assigned = value;
+    assigned.assign({7, 7});
+    EXPECT_THAT(assigned.asOidVec(), ElementsAre(7, 7));
     EXPECT_EQ(value.count(4), 2u);
     EXPECT_EQ(value.indexOf(4), 3u);
     EXPECT_EQ(value.erase(1), 3u);
@@ -221,6 +247,8 @@ TEST(CompositionValueTest, RefusesAnIdTwiceInTheAddingOperations) {
         value, [](auto& v) { v.insertAt(0, 1); }, "id not unique");
     expectFailsUnchanged(
         value, [](auto& v) { v.setAt(0, 2); }, "id not unique");
+    expectFailsUnchanged(
+        value, [](auto& v) { v.assign({5, 6, 7, 8, 9, 5}); }, "id not unique");
     auto single = valueOf<CompositionValue>({1});
     expectFailsUnchanged(
         single, [](auto& v) { v.push_back(1); }, "id not unique");
