@@ -2,34 +2,39 @@
 
 namespace language {
 
-namespace {
-
-bool names(kel::InterfaceInstance const& side, kel::PortDeclaration const& port) {
+kel::PortDeclaration const* boundPort(kel::InterfaceInstance const& side) {
     kel::PortReference const* reference = side.tryGetPort();
-    return reference != nullptr && reference->hasDeclaration() &&
-           reference->getDeclaration().getOid() == port.getOid();
+    return reference != nullptr ? reference->tryGetDeclaration() : nullptr;
 }
 
-} // namespace
-
 bool hasBinding(kel::PortDeclaration const& port, kel::System const& system) {
+    return boundPortIds(system).contains(port.getOid());
+}
+
+std::set<om::Oid> boundPortIds(kel::System const& system) {
+    std::set<om::Oid> ids;
     for (kel::BindingStatement const* binding : system.getObjBindingStatement()) {
-        if (names(binding->getLeft(), port) || names(binding->getRight(), port)) {
-            return true;
+        for (kel::InterfaceInstance const* side : {&binding->getLeft(), &binding->getRight()}) {
+            if (kel::PortDeclaration const* port = boundPort(*side)) {
+                ids.insert(port->getOid());
+            }
         }
     }
-    return false;
+    return ids;
 }
 
 bool equalPortDecl(kel::InterfaceInstance const& a, kel::InterfaceInstance const& b) {
-    if (a.getWildcard() || b.getWildcard() || a.hasComponent() != b.hasComponent()) {
-        return false;
+    auto const identity = identityOf(a);
+    return identity.has_value() && identity == identityOf(b);
+}
+
+std::optional<SideIdentity> identityOf(kel::InterfaceInstance const& side) {
+    if (side.getWildcard()) {
+        return std::nullopt;
     }
-    if (a.hasComponent() &&
-        a.getComponent().getDeclaration().getOid() != b.getComponent().getDeclaration().getOid()) {
-        return false;
-    }
-    return a.getPort().getDeclaration().getOid() == b.getPort().getDeclaration().getOid();
+    om::Oid const instance =
+        side.hasComponent() ? side.getComponent().getDeclaration().getOid() : om::NULL_OID;
+    return SideIdentity{instance, side.getPort().getDeclaration().getOid()};
 }
 
 } // namespace language

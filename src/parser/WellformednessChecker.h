@@ -6,10 +6,12 @@
 #include "metamodel/Kel.h"
 #include "metamodel/TreePredicates.h"
 #include "om/ObjectModel.h"
+#include "parser/BindingQueries.h"
 #include "parser/ParserBase.h"
 #include "parser/Recurser.h"
 #include "parser/SilentChecker.h"
 
+#include <map>
 #include <set>
 #include <string>
 
@@ -100,8 +102,9 @@ private:
     // Reports "Well-formedness error: " and the text at the object; always false.
     bool report(kel::Location const& at, std::string const& message);
 
-    bool checkBindingSides(kel::System const& system, kel::BindingStatement const& binding,
-                           std::size_t index);
+    // For each side named so far, the indexes of the bindings that name it.
+    using EarlierBindings = std::map<SideIdentity, std::vector<std::size_t>>;
+    bool checkBindingSides(kel::BindingStatement const& binding, EarlierBindings const& earlier);
     bool checkBindingDirection(kel::BindingStatement const& binding);
     bool checkBindingExternal(kel::InterfaceInstance const& side,
                               kel::InterfaceInstance const& peer);

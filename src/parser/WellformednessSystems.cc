@@ -6,6 +6,9 @@
 #include "parser/BindingQueries.h"
 #include "parser/SystemGraph.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace language {
 
 namespace {
@@ -18,11 +21,6 @@ std::string sideText(kel::InterfaceInstance const& side) {
 
 bool hasWildcard(kel::BindingStatement const& binding) {
     return binding.getLeft().getWildcard() || binding.getRight().getWildcard();
-}
-
-kel::PortDeclaration const* boundPort(kel::InterfaceInstance const& side) {
-    kel::PortReference const* port = side.tryGetPort();
-    return port != nullptr ? port->tryGetDeclaration() : nullptr;
 }
 
 } // namespace
@@ -43,9 +41,10 @@ bool WellformednessChecker::checkWellformednessSystem(kel::ComponentDeclaration 
 
 bool WellformednessChecker::checkMissingBindings(kel::System const& system) {
     bool ok = true;
+    std::set<om::Oid> const bound = boundPortIds(system);
     auto const& owner = om::AsType<kel::ComponentDeclaration>(*system.getParent());
     for (kel::PortDeclaration const* port : owner.getPortsVec()) {
-        if (!hasBinding(*port, system)) {
+        if (!bound.contains(port->getOid())) {
             ok = report(*port, "Port is not bound: " + port->getName());
         }
     }
@@ -55,7 +54,7 @@ bool WellformednessChecker::checkMissingBindings(kel::System const& system) {
             continue;
         }
         for (kel::PortDeclaration const* port : component->getPortsVec()) {
-            if (!port->getInjected() && !hasBinding(*port, system)) {
+            if (!port->getInjected() && !bound.contains(port->getOid())) {
                 ok = report(*instance,
                             "Port is not bound: " + q(instance->getName() + "." + port->getName()));
             }
@@ -66,35 +65,47 @@ bool WellformednessChecker::checkMissingBindings(kel::System const& system) {
 
 bool WellformednessChecker::checkDoubleBindings(kel::System const& system) {
     bool ok = true;
-    kel::ConstBindingStatementVec bindings = system.getObjBindingStatement();
+    EarlierBindings earlier;
+    kel::ConstBindingStatementVec const bindings = system.getObjBindingStatement();
     for (std::size_t index = 0; index < bindings.size(); ++index) {
-        if (!hasWildcard(*bindings[index])) {
-            ok = checkBindingSides(system, *bindings[index], index) && ok;
+        kel::BindingStatement const& binding = *bindings[index];
+        if (hasWildcard(binding)) {
+            continue;
+        }
+        ok = checkBindingSides(binding, earlier) && ok;
+        SideIdentity const left = *identityOf(binding.getLeft());
+        SideIdentity const right = *identityOf(binding.getRight());
+        earlier[left].push_back(index);
+        if (right != left) {
+            earlier[right].push_back(index);
         }
     }
     return ok;
 }
 
-// The sides of one binding against each other and against the bindings before it.
-bool WellformednessChecker::checkBindingSides(kel::System const& system,
-                                              kel::BindingStatement const& binding,
-                                              std::size_t index) {
+// The sides of one binding against each other and against the bindings before
+// it, in their order: one report per earlier binding that names a side.
+bool WellformednessChecker::checkBindingSides(kel::BindingStatement const& binding,
+                                              EarlierBindings const& earlier) {
     kel::InterfaceInstance const& left = binding.getLeft();
     kel::InterfaceInstance const& right = binding.getRight();
     auto twice = [this](kel::InterfaceInstance const& side) {
         return report(side, "Port is bound twice: " + q(sideText(side)));
     };
     bool ok = !equalPortDecl(left, right) || twice(left);
-    kel::ConstBindingStatementVec bindings = system.getObjBindingStatement();
-    for (std::size_t earlier = 0; earlier < index; ++earlier) {
-        kel::BindingStatement const& before = *bindings[earlier];
-        if (hasWildcard(before)) {
-            continue;
-        }
-        if (equalPortDecl(left, before.getLeft()) || equalPortDecl(left, before.getRight())) {
+    auto indexesOf = [&](kel::InterfaceInstance const& side) {
+        auto const found = earlier.find(*identityOf(side));
+        return found == earlier.end() ? std::vector<std::size_t>{} : found->second;
+    };
+    std::vector<std::size_t> const leftIndexes = indexesOf(left);
+    std::vector<std::size_t> const rightIndexes = indexesOf(right);
+    std::vector<std::size_t> indexes;
+    std::ranges::set_union(leftIndexes, rightIndexes, std::back_inserter(indexes));
+    for (std::size_t const index : indexes) {
+        if (std::ranges::binary_search(leftIndexes, index)) {
             ok = twice(left);
         }
-        if (equalPortDecl(right, before.getLeft()) || equalPortDecl(right, before.getRight())) {
+        if (std::ranges::binary_search(rightIndexes, index)) {
             ok = twice(right);
         }
     }

@@ -106,6 +106,14 @@ TEST_F(GeneratedClassesTest, UnboundedCompositionsKeepTheirOrder) {
     EXPECT_EQ(compound.getStatementsVec(), compound.getStatements());
     EXPECT_EQ(compound.getStatementsSet().size(), 3u);
 
+    auto const& fourth = make<ReturnStatement>();
+    change(compound, [&](CompoundStatement& copy) {
+        // Held ids and repeated ones are left out, as one by one.
+        copy.addToStatements(std::vector<om::Oid>{third.getOid(), fourth.getOid(), fourth.getOid()});
+    });
+    EXPECT_EQ(compound.getStatements(),
+              (ConstBehaviourStatementVec{&first, &second, &third, &fourth}));
+    change(compound, [&](CompoundStatement& copy) { copy.removeFromStatements(fourth.getOid()); });
     change(compound, [&](CompoundStatement& copy) { copy.removeFromStatements(first.getOid()); });
     EXPECT_EQ(compound.getStatements(), (ConstBehaviourStatementVec{&second, &third}));
 }

@@ -116,6 +116,20 @@ TEST_F(ObjectModelUpdateTest, UsersAreTakenOverSetsOfTargets) {
     EXPECT_THAT(model.getUserOids(target), IsEmpty());
 }
 
+TEST_F(ObjectModelUpdateTest, DroppingOneOfTwoEqualLinksKeepsTheUser) {
+    Oid const user = create("test::Node");
+    Oid const target = create("test::Leaf");
+    Oid const other = create("test::Leaf");
+    for (Oid const id : {target, other, target}) {
+        link(user, "Links", id);
+    }
+    test::Node changed = copyOf<test::Node>(user);
+    changed.getAssociationRef("Links").eraseAt(2);
+    model.update(changed);
+    EXPECT_THAT(model.getUserOids(target), ElementsAre(user));
+    expectConsistentIndexes();
+}
+
 TEST_F(ObjectModelUpdateTest, ATargetNeedNotExist) {
     Oid const user = create("test::Node");
     Oid const missing = user + 1000;
@@ -145,6 +159,39 @@ TEST_F(ObjectModelUpdateTest, ChildMovesFromAnotherParentWithItsSubtree) {
     EXPECT_EQ(model.getParentOid(moving), b);
     EXPECT_EQ(model.getParentOid(grandChild), moving);
     EXPECT_THAT(model.getRootOids(), ElementsAre(a, b));
+    expectConsistentIndexes();
+}
+
+TEST_F(ObjectModelUpdateTest, ChildMovesBetweenCompositionsOfItsParent) {
+    Oid const node = create("test::Node");
+    Oid const leaf = create("test::Leaf");
+    addChild(node, "Children", leaf);
+    test::Node changed = copyOf<test::Node>(node);
+    changed.getCompositionRef("Children").clear();
+    changed.getCompositionRef("Optional").set(leaf);
+    model.update(changed);
+    EXPECT_NE(model.tryFind(leaf), nullptr);
+    EXPECT_EQ(model.getParentOid(leaf), node);
+    expectConsistentIndexes();
+}
+
+TEST_F(ObjectModelUpdateTest, ReplacingOneChildAmongManyDestroysOnlyThatOne) {
+    Oid const node = create("test::Node");
+    std::vector<Oid> leaves;
+    for (int i = 0; i < 50; ++i) {
+        leaves.push_back(create("test::Leaf"));
+        addChild(node, "Children", leaves.back());
+    }
+    Oid const replacement = create("test::Leaf");
+    test::Node changed = copyOf<test::Node>(node);
+    changed.getCompositionRef("Children").setAt(25, replacement);
+    model.update(changed);
+    EXPECT_EQ(model.tryFind(leaves[25]), nullptr);
+    EXPECT_EQ(model.getParentOid(replacement), node);
+    for (Oid const kept : {leaves[0], leaves[24], leaves[26], leaves[49]}) {
+        EXPECT_EQ(model.getParentOid(kept), node) << kept;
+    }
+    EXPECT_THAT(model.getRootOids(), ElementsAre(node));
     expectConsistentIndexes();
 }
 

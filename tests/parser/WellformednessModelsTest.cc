@@ -115,6 +115,31 @@ component M {
                                 wf(10, 13, "Port is bound twice: 'b.p'"),
                                 wf(11, 13, "Wildcard can be bound to a provided port only"),
                                 wf(12, 13, "Wildcard can be bound to a provided port only")}},
+                    // One report per earlier binding that names a side, in the
+                    // order of those bindings, left side before right.
+                    SourceCase{"PortsBoundMoreThanTwice",
+                               LEAF R"kel(
+component M {
+  provides I p;
+  system {
+    Leaf a;
+    Leaf b;
+    Leaf c;
+    Leaf d;
+    p <=> a.p;
+    a.r <=> b.p;
+    c.r <=> d.p;
+    a.r <=> d.p;
+    a.r <=> d.p;
+  }
+}
+)kel",
+                               {wf(13, 5, "Port is bound twice: 'a.r'"),
+                                wf(13, 13, "Port is bound twice: 'd.p'"),
+                                wf(14, 5, "Port is bound twice: 'a.r'"),
+                                wf(14, 13, "Port is bound twice: 'd.p'"),
+                                wf(14, 5, "Port is bound twice: 'a.r'"),
+                                wf(14, 13, "Port is bound twice: 'd.p'")}},
                     SourceCase{"BindingDirections",
                                LEAF R"kel(
 component W {
