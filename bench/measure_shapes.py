@@ -27,6 +27,19 @@ def many_events(n):
     return f"interface I {{\n{events}  behaviour {{\n{ons}  }}\n}}\n", "I"
 
 
+def many_triggers(n):
+    events = "".join(f"  in void e{i}();\n" for i in range(n))
+    triggers = ", ".join(f"e{i}" for i in range(n))
+    return f"interface I {{\n{events}  behaviour {{ on {triggers}: {{}} }}\n}}\n", "I"
+
+
+def many_parameters(n):
+    parameters = ", ".join(f"D d{i}" for i in range(n))
+    arguments = ", ".join(f"d{i}" for i in range(n))
+    return (f"extern D $int$;\ninterface I {{ in void e({parameters}); behaviour {{ on e: {{}} }} }}\n"
+            f"component C {{ provides I p; behaviour {{ on p.e({arguments}): {{}} }} }}\n"), "C"
+
+
 def long_enum(n):
     values = ", ".join(f"v{i}" for i in range(n))
     return (f"interface I {{ enum E {{ {values} }}; in void e();\n"
@@ -80,7 +93,8 @@ def wide_system(n):
             f"    up <=> l0.up;\n{bindings}    l{n - 1}.down <=> down;\n  }} }}\n"), "S"
 
 
-SHAPES = [flat_interfaces, dotted_interfaces, many_events, long_enum, many_guards,
+SHAPES = [flat_interfaces, dotted_interfaces, many_events, many_triggers, many_parameters,
+          long_enum, many_guards,
           many_variables, many_functions, block_of_actions, block_of_assignments,
           many_required_ports, wide_system]
 
