@@ -23,7 +23,8 @@ template <class List> void appendAll(std::vector<Oid>& to, List const& list) {
 
 // Appends what lies between the common head and tail of the two lists.
 template <class List> void appendMiddles(List const& before, List const& after, IdDelta& delta) {
-    auto [oldFirst, newFirst] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+    auto [oldFirst, newFirst] =
+        std::mismatch(before.begin(), before.end(), after.begin(), after.end());
     auto oldLast = before.end();
     auto newLast = after.end();
     while (oldLast != oldFirst && newLast != newFirst && oldLast[-1] == newLast[-1]) {

@@ -109,7 +109,8 @@ TEST_F(GeneratedClassesTest, UnboundedCompositionsKeepTheirOrder) {
     auto const& fourth = make<ReturnStatement>();
     change(compound, [&](CompoundStatement& copy) {
         // Held ids and repeated ones are left out, as one by one.
-        copy.addToStatements(std::vector<om::Oid>{third.getOid(), fourth.getOid(), fourth.getOid()});
+        copy.addToStatements(
+            std::vector<om::Oid>{third.getOid(), fourth.getOid(), fourth.getOid()});
     });
     EXPECT_EQ(compound.getStatements(),
               (ConstBehaviourStatementVec{&first, &second, &third, &fourth}));
