@@ -71,7 +71,9 @@ TEST(IdDeltaTest, AgreesWithTheSetDifferenceOfAllIds) {
         {"list new", {{"b", {2}}}, {{"a", {1}}, {"b", {2}}}},
         {"moved between lists", {{"a", {1, 2}}, {"b", {3}}}, {{"a", {1}}, {"b", {3, 2}}}},
         {"duplicate dropped, one copy left", {{"a", {1, 2, 1}}}, {{"a", {1, 2}}}},
-        {"removed here, held in another list", {{"a", {5, 6}}, {"b", {5}}}, {{"a", {6}}, {"b", {5}}}},
+        {"removed here, held in another list",
+         {{"a", {5, 6}}, {"b", {5}}},
+         {{"a", {6}}, {"b", {5}}}},
         {"added here, held in another list", {{"a", {6}}, {"b", {5}}}, {{"a", {5, 6}}, {"b", {5}}}},
         {"overlapping head and tail", {{"a", {1, 1}}}, {{"a", {1, 1, 1}}}},
         {"many removed, some held elsewhere",
@@ -100,11 +102,13 @@ TEST(IdDeltaTest, AgreesWithTheSetDifferenceOnRandomEdits) {
         std::size_t const at = edited.empty() ? 0 : random() % edited.size();
         switch (random() % 3) {
         case 0:
-            edited.insert(edited.begin() + static_cast<std::ptrdiff_t>(at), idList(random() % 3 + 1)[0]);
+            edited.insert(edited.begin() + static_cast<std::ptrdiff_t>(at),
+                          idList(random() % 3 + 1)[0]);
             break;
         case 1:
             edited.erase(edited.begin() + static_cast<std::ptrdiff_t>(at),
-                         edited.begin() + static_cast<std::ptrdiff_t>(std::min(edited.size(), at + random() % 3)));
+                         edited.begin() + static_cast<std::ptrdiff_t>(
+                                              std::min(edited.size(), at + random() % 3)));
             break;
         default:
             after["c"] = idList(random() % 3);

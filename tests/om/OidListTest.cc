@@ -1,3 +1,4 @@
+#include "TestClasses.h"
 #include "om/AssociationValue.h"
 #include "om/CompositionValue.h"
 #include "om/OMException.h"
@@ -14,13 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-template <class Value> Value valueOf(std::vector<Oid> const& ids) {
-    Value value;
-    for (Oid const id : ids) {
-        value.push_back(id);
-    }
-    return value;
-}
+using test::valueOf;
 
 template <class Value, class Operation>
 void expectFailsUnchanged(Value& value, Operation operation, std::string const& message) {
@@ -207,8 +202,13 @@ TYPED_TEST(OidListTest, AssignIsClearThenPushBackOfEachId) {
         std::vector<Oid> before;
         std::vector<Oid> ids;
     };
-    for (Case const& c : std::vector<Case>{
-             {{}, {}}, {{}, {3}}, {{}, {3, 4}}, {{1}, {}}, {{1}, {3, 4}}, {{1, 2}, {}}, {{1, 2}, {3}}}) {
+    for (Case const& c : std::vector<Case>{{{}, {}},
+                                           {{}, {3}},
+                                           {{}, {3, 4}},
+                                           {{1}, {}},
+                                           {{1}, {3, 4}},
+                                           {{1, 2}, {}},
+                                           {{1, 2}, {3}}}) {
         auto assigned = valueOf<TypeParam>(c.before);
         auto pushed = assigned;
         assigned.assign(c.ids);
@@ -221,7 +221,11 @@ TYPED_TEST(OidListTest, AssignIsClearThenPushBackOfEachId) {
     }
     auto value = valueOf<TypeParam>({1, 2});
     expectFailsUnchanged(
-        value, [](auto& v) { v.assign({3, NULL_OID}); }, "id may not be NULL_OID");
+        value,
+        [](auto& v) {
+            v.assign({3, NULL_OID});
+        },
+        "id may not be NULL_OID");
 }
 
 TEST(AssociationValueTest, MayHoldAnIdMoreThanOnce) {
@@ -248,7 +252,11 @@ TEST(CompositionValueTest, RefusesAnIdTwiceInTheAddingOperations) {
     expectFailsUnchanged(
         value, [](auto& v) { v.setAt(0, 2); }, "id not unique");
     expectFailsUnchanged(
-        value, [](auto& v) { v.assign({5, 6, 7, 8, 9, 5}); }, "id not unique");
+        value,
+        [](auto& v) {
+            v.assign({5, 6, 7, 8, 9, 5});
+        },
+        "id not unique");
     auto single = valueOf<CompositionValue>({1});
     expectFailsUnchanged(
         single, [](auto& v) { v.push_back(1); }, "id not unique");
