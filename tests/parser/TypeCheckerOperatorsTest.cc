@@ -93,13 +93,6 @@ TEST_F(TypeCheckerOperatorsTest, AnOperandOfUnknownTypeIsNotCheckedNorFailed) {
     EXPECT_EQ(errors().size(), 1u);
 }
 
-TEST_F(TypeCheckerOperatorsTest, NegationOfAnIntegerGivesOneErrorAndABoolean) {
-    bool ok = true;
-    EXPECT_EQ(typeOf(negation(integer(7, 5), 7, 1), ok), "bool");
-    EXPECT_FALSE(ok);
-    EXPECT_THAT(errors(), ElementsAre("t.kel:7:1: 'not' requires a boolean argument"));
-}
-
 struct EqualityCase {
     std::string name;
     int left; // 0 data, 1 int constant, 2 enum constant, 3 subrange variable, 4 unknown name
