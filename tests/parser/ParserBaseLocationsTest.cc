@@ -10,7 +10,6 @@
 
 namespace {
 
-using language::location;
 using language::ParserBase;
 
 using language::test::span;
@@ -55,24 +54,6 @@ TEST_F(ParserBaseLocationsTest, FilesAddedAfterALookupAreFoundAndTheFirstOfAName
     EXPECT_EQ(&first.GetFile("b.kel"), &b);
     EXPECT_EQ(&first.GetFile("a.kel"), &a);
     EXPECT_EQ(&second.GetFile("a.kel"), &a);
-}
-
-TEST_F(ParserBaseLocationsTest, UpdateLocationStoresTheSpanAndGetLocationReadsItBack) {
-    std::string const name = "a.kel";
-    base.addFile(name);
-    om::Oid id = kel::NewNamed<kel::EnumValueDeclaration>(store.model, "x");
-    location where = span(&name, 4, 2, 4, 9);
-    EXPECT_EQ(base.updateLocation(id, where), id);
-    auto const& stored = kel::Find<kel::EnumValueDeclaration>(store.model, id);
-    location read = ParserBase::getLocation(stored);
-    EXPECT_EQ(*read.begin.filename, name);
-    EXPECT_EQ(read.begin.line, 4u);
-    EXPECT_EQ(read.begin.column, 2u);
-    EXPECT_EQ(read.end.line, 4u);
-    EXPECT_EQ(read.end.column, 9u);
-    language::Name copied = ParserBase::copyName(stored);
-    EXPECT_EQ(copied.name, "x");
-    EXPECT_EQ(copied.location.end.column, 9u);
 }
 
 TEST_F(ParserBaseLocationsTest, ACopiedLocationKeepsTheMainPosition) {

@@ -40,17 +40,6 @@ TEST_F(TypeCheckerOperatorsTest, IntegerOperatorsReportEachBooleanOperandAndKeep
     }
 }
 
-TEST_F(TypeCheckerOperatorsTest, IntegerOperatorsTakeSubrangesAndConstantsAlike) {
-    Oid small = variable("s", smallType);
-    for (OperatorCase const& op : integerOperators) {
-        bool ok = true;
-        EXPECT_EQ(typeOf(binary(op.construct, use(small, 2, 1), integer(2, 5), 2, 3), ok),
-                  op.resultType);
-        EXPECT_TRUE(ok) << op.symbol;
-    }
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
 TEST_F(TypeCheckerOperatorsTest, BooleanOperatorsReportEachIntegerOperand) {
     for (auto [construct, symbol] :
          {std::pair<Construct, std::string>{kel::constructAndExpression, "&&"},
