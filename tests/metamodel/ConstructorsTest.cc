@@ -72,32 +72,6 @@ TEST_F(ConstructorsTest, InternalsAreRequiredPorts) {
     EXPECT_EQ(internal.getParametersSize(), 1u);
 }
 
-TEST_F(ConstructorsTest, SystemsSortInstancesFromBindings) {
-    auto const instance = constructInstantiationStatement(model, "a.C", "c");
-    auto const binding = constructBindingStatement(model, "", "p", "c", "q");
-    auto const& system = find<System>(constructSystem(model, {binding, instance}));
-    EXPECT_EQ(system.toConstVec().getInstancesOid(), (std::vector<om::Oid>{instance}));
-    EXPECT_EQ(system.toConstVec().getStatementsOid(), (std::vector<om::Oid>{binding}));
-    EXPECT_EQ(find<ComponentInstanceDeclaration>(instance).getComponent().getName(), "a.C");
-}
-
-TEST_F(ConstructorsTest, EventInstancesAreNamedAfterPortAndEvent) {
-    auto const argument = constructIntConstantExpression(model, 1);
-    auto const& bare = find<EventInstance>(constructEventInstance(model, "", "e", false));
-    EXPECT_EQ(bare.getName(), "e");
-    EXPECT_FALSE(bare.hasPort());
-    EXPECT_EQ(bare.getEvent().getName(), "e");
-    EXPECT_FALSE(bare.getParentheses());
-
-    auto const& onPort =
-        find<EventInstance>(constructEventInstance(model, "p", "e", true, {argument}));
-    EXPECT_EQ(onPort.getName(), "p.e");
-    EXPECT_EQ(onPort.getPort().getName(), "p");
-    EXPECT_FALSE(onPort.getPort().hasDeclaration());
-    EXPECT_TRUE(onPort.getParentheses());
-    EXPECT_EQ(onPort.toConstVec().getArgumentsOid(), (std::vector<om::Oid>{argument}));
-}
-
 TEST_F(ConstructorsTest, BuiltinInstancesAndTheIllegalStatement) {
     struct Row {
         om::Oid (*construct)(om::ObjectModel&);
@@ -113,55 +87,6 @@ TEST_F(ConstructorsTest, BuiltinInstancesAndTheIllegalStatement) {
     }
     auto const& statement = find<ActionStatement>(constructIllegalStatement(model));
     EXPECT_EQ(statement.getExpression().getEvent().getName(), "illegal");
-}
-
-TEST_F(ConstructorsTest, GuardsAndControlStatements) {
-    auto const ret = constructReturnStatement(model, 0);
-    auto const& guarded = find<GuardedStatement>(constructGuardedStatement(model, 0, ret));
-    EXPECT_FALSE(guarded.hasGuard());
-    EXPECT_EQ(guarded.getStatementOid(), ret);
-    auto const otherwise = constructOtherwiseGuard(model);
-    EXPECT_EQ(model.find(otherwise)->getClassName(), "kel::OtherwiseGuard");
-    auto const condition = constructBoolConstantExpression(model, "true");
-    auto const& expressionGuard = find<ExpressionGuard>(constructExpressionGuard(model, condition));
-    EXPECT_EQ(expressionGuard.getExpressionOid(), condition);
-
-    auto const then = constructReturnStatement(model, 0);
-    auto const& ifStatement = find<IfStatement>(constructIfStatement(model, 0, then, 0));
-    EXPECT_FALSE(ifStatement.hasExpression());
-    EXPECT_EQ(ifStatement.getThenStatementOid(), then);
-    EXPECT_FALSE(ifStatement.hasElseStatement());
-
-    auto const inner = constructReturnStatement(model, 0);
-    auto const& blocking = find<BlockingStatement>(constructBlockingStatement(model, inner));
-    EXPECT_EQ(blocking.getStatementOid(), inner);
-
-    auto const event = constructEventInstance(model, "p", "e", false);
-    auto const body = constructReturnStatement(model, 0);
-    auto const& on = find<OnEventStatement>(constructOnEventStatement(model, event, body));
-    EXPECT_EQ(on.toConstVec().getEventsOid(), (std::vector<om::Oid>{event}));
-    EXPECT_EQ(on.getSilent(), boolUnknown);
-}
-
-TEST_F(ConstructorsTest, RepliesReturnsAssignmentsAndNames) {
-    auto const value = constructIntConstantExpression(model, 4);
-    auto const& reply = find<ReplyStatement>(constructReplyStatement(model, "p", value));
-    EXPECT_EQ(reply.getPort().getName(), "p");
-    EXPECT_EQ(reply.getExpressionOid(), value);
-    auto const& portless = find<ReplyStatement>(constructReplyStatement(model, "", 0));
-    EXPECT_FALSE(portless.hasPort());
-    EXPECT_FALSE(portless.hasExpression());
-
-    auto const& assignment =
-        find<AssignmentStatement>(constructAssignmentBehaviourStatement(model, "v", 0));
-    EXPECT_EQ(assignment.getVariable().getName(), "v");
-    EXPECT_FALSE(assignment.hasValue());
-
-    auto const argument = constructIntConstantExpression(model, 1);
-    auto const& name = find<NameStatement>(constructNameStatement(model, "p.f", true, {argument}));
-    EXPECT_EQ(name.getExpression().getName(), "p.f");
-    EXPECT_TRUE(name.getExpression().getParentheses());
-    EXPECT_EQ(name.getExpression().getArgumentsSize(), 1u);
 }
 
 TEST_F(ConstructorsTest, CompoundWrapsVariableDeclarationsInPlace) {
