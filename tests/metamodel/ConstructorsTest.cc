@@ -46,24 +46,6 @@ TEST_F(ConstructorsTest, FunctionsAndBehavioursGetAnEmptyCompound) {
     EXPECT_FALSE(behaviour.getStatement().hasStatements());
 }
 
-TEST_F(ConstructorsTest, VariablesAndParameters) {
-    auto const initial = constructIntConstantExpression(model, 3);
-    auto const& variable =
-        find<VariableDeclaration>(constructVariableDeclaration(model, "Small", "v", initial));
-    EXPECT_EQ(variable.getType().getName(), "Small");
-    EXPECT_EQ(variable.getInitialValueOid(), initial);
-    auto const& bare =
-        find<VariableDeclaration>(constructVariableDeclaration(model, "bool", "w", 0));
-    EXPECT_FALSE(bare.hasInitialValue());
-    auto const& statement = find<VariableDeclarationStatement>(
-        constructVariableDeclarationStatement(model, variable.getOid()));
-    EXPECT_EQ(&statement.getVariable(), &variable);
-    auto const& formal =
-        find<ParameterDeclaration>(constructFormalParameter(model, pdirInOut, "T", "p"));
-    EXPECT_EQ(formal.getDirection(), pdirInOut);
-    EXPECT_EQ(formal.getType().getName(), "T");
-}
-
 TEST_F(ConstructorsTest, InternalsAreRequiredPorts) {
     auto const& internal = find<InternalDeclaration>(
         constructInternalDeclaration(model, "kel.async", "q", {parameter("x")}));
