@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <ostream>
 #include <sstream>
+#include <stdexcept>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -65,6 +67,21 @@ std::vector<Scanned> scanTerminals(std::string const& source, bool (*hasText)(in
                           loc.begin.column, loc.end.line, loc.end.column});
     } while (code != Parser::token::TOK_END);
     return result;
+}
+
+// A stream whose reading fails outright, as a broken device would.
+struct FailingBuffer : std::streambuf {
+    int_type underflow() override { throw std::ios_base::failure("device gone"); }
+};
+
+// The scanner turns a failing stream into an exception instead of ending the process.
+template <class Parser, class Scanner> void expectFailingStreamThrows() {
+    FailingBuffer buffer;
+    std::istream in(&buffer);
+    Scanner scanner(&in, nullptr);
+    typename Parser::location_type loc;
+    typename Parser::semantic_type value;
+    EXPECT_THROW(scanner.lex(&value, &loc), std::runtime_error);
 }
 
 } // namespace test

@@ -12,19 +12,6 @@ namespace {
 
 using GeneratedClassesTest = test::StoreFixture;
 
-TEST_F(GeneratedClassesTest, PropertiesReadWriteAndDefault) {
-    auto const& parameter = change(make<ParameterDeclaration>(), [](ParameterDeclaration& copy) {
-        copy.setName("p");
-        copy.setDirection(pdirOut);
-        copy.setLine(12);
-    });
-    EXPECT_EQ(parameter.getName(), "p");
-    EXPECT_EQ(parameter.getDirection(), pdirOut);
-    EXPECT_EQ(parameter.getLine(), 12);
-    EXPECT_EQ(parameter.getDefaultValueForDirection(), pdirIn);
-    EXPECT_EQ(parameter.getDefaultValueForName(), "");
-}
-
 TEST_F(GeneratedClassesTest, PropertiesByName) {
     EventDeclaration event;
     event.setProperty(EventDeclaration::DirectionProperty,

@@ -14,29 +14,11 @@ namespace {
 
 using AD = AssociationDefinition;
 
-template <class Operation> std::string errorOf(Operation operation) {
-    try {
-        operation();
-    } catch (OMException const& error) {
-        return error.what();
-    }
-    return "no error";
-}
+using test::errorOf;
 
-AssociationValue ids(std::initializer_list<Oid> list) {
-    AssociationValue value;
-    for (Oid const id : list) {
-        value.push_back(id);
-    }
-    return value;
-}
-
-CompositionValue children(std::initializer_list<Oid> list) {
-    CompositionValue value;
-    for (Oid const id : list) {
-        value.push_back(id);
-    }
-    return value;
+AssociationValue ids(std::vector<Oid> const& list) { return test::valueOf<AssociationValue>(list); }
+CompositionValue children(std::vector<Oid> const& list) {
+    return test::valueOf<CompositionValue>(list);
 }
 
 TEST(PropertyDefinitionTest, DefaultsAndDeepCopies) {

@@ -25,14 +25,6 @@ std::vector<std::string> namesOf(auto const& map) {
     return names;
 }
 
-CompositionValue childrenOf(std::initializer_list<Oid> ids) {
-    CompositionValue value;
-    for (Oid const id : ids) {
-        value.push_back(id);
-    }
-    return value;
-}
-
 TEST(ObjectTest, NewObjectHasAnEmptyValuePerMemberOfItsClassAndBases) {
     test::Tree const tree;
     EXPECT_THAT(namesOf(tree.getAssociations()), ElementsAre("Buddy", "Link", "Links"));
@@ -102,11 +94,11 @@ TEST(ObjectTest, UnknownMemberNames) {
 
 TEST(ObjectTest, SettersCheckBoundsButNotTargetsAndKeepTheOldValueOnFailure) {
     test::Node node;
-    node.setComposition("Required", childrenOf({987654321}));
+    node.setComposition("Required", test::valueOf<CompositionValue>({987654321}));
     EXPECT_EQ(errorOf([&] { node.setComposition("Required", {}); }),
               "Too few elements in composition");
     EXPECT_EQ(errorOf([&] {
-                  node.setComposition("Optional", childrenOf({5, 6}));
+                  node.setComposition("Optional", test::valueOf<CompositionValue>({5, 6}));
               }),
               "Too many elements in composition");
     EXPECT_EQ(node.getComposition("Required").get(), 987654321);

@@ -1,3 +1,4 @@
+#include "TestClasses.h"
 #include "om/AssociationValue.h"
 #include "om/CompositionValue.h"
 #include "om/OMException.h"
@@ -14,13 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
-template <class Value> Value valueOf(std::vector<Oid> const& ids) {
-    Value value;
-    for (Oid const id : ids) {
-        value.push_back(id);
-    }
-    return value;
-}
+using test::valueOf;
 
 template <class Value, class Operation>
 void expectFailsUnchanged(Value& value, Operation operation, std::string const& message) {

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace test {
 
@@ -45,6 +46,15 @@ inline int intOf(om::PropertyValueBase const& value) {
     return dynamic_cast<IntValue const&>(value.getImpl()).get();
 }
 
+// An association or composition value of the ids, in order.
+template <class Value> Value valueOf(std::vector<om::Oid> const& ids) {
+    Value value;
+    for (om::Oid const id : ids) {
+        value.push_back(id);
+    }
+    return value;
+}
+
 inline om::PropertyDefinition intProperty(int defaultValue) {
     return om::PropertyDefinition(IntType, IntValue(defaultValue), om::sfSerialized, om::ufNoUndo);
 }
@@ -61,148 +71,124 @@ inline om::CompositionDefinition composition(std::string const& target, std::uin
     return om::CompositionDefinition(target, min, max, om::sfSerialized);
 }
 
-// One int property "Weight" and one association "Target" to any object.
-class Leaf : public om::Object {
+// What the generator writes for a class with one int property of its own on
+// top of the members of Base; Self names the property, its default and the
+// class of its definition.
+template <class Self, class Base> class WithIntProperty : public Base {
 public:
-    static inline std::string const ClassName{"test::Leaf"};
-    static inline std::string const WeightProperty{"Weight"};
-    static inline std::string const TargetAssociation{"Target"};
-    static inline om::ObjectDefinition const* Definition = nullptr;
-
-    Leaf() : Leaf(true) { initializeMembers(getDefinition()); }
-    explicit Leaf(bool flag) : om::Object(flag), m_weight(IntValue(0)) {}
-    Leaf(Leaf const&) = default;
-    Leaf& operator=(Leaf const& other) {
+    explicit WithIntProperty(bool flag) : Base(flag), m_value(IntValue(Self::Default)) {}
+    WithIntProperty(WithIntProperty const&) = default;
+    WithIntProperty& operator=(WithIntProperty const& other) {
         om::Object::operator=(other);
         return *this;
     }
 
-    int getWeight() const { return intOf(m_weight); }
-    void setWeight(int weight) { m_weight = om::PropertyValueBase(IntValue(weight)); }
-
-    std::unique_ptr<om::Object> clone() const override { return std::make_unique<Leaf>(*this); }
-    om::ObjectDefinition const& getDefinition() const override;
+    std::unique_ptr<om::Object> clone() const override {
+        return std::make_unique<Self>(static_cast<Self const&>(*this));
+    }
+    om::ObjectDefinition const& getDefinition() const override {
+        if (Self::Definition == nullptr) {
+            Self::Definition = new typename Self::DefinitionClass();
+        }
+        return *Self::Definition;
+    }
     void tryAssignProperties(om::Object const& other, bool flag) override {
-        om::Object::tryAssignProperties(other, flag);
-        if (auto const* leaf = dynamic_cast<Leaf const*>(&other)) {
-            m_weight = leaf->m_weight;
+        Base::tryAssignProperties(other, flag);
+        if (auto const* same = dynamic_cast<WithIntProperty const*>(&other)) {
+            m_value = same->m_value;
         }
     }
     bool propertiesEqual(om::Object const& other) const override {
-        auto const* leaf = dynamic_cast<Leaf const*>(&other);
-        return leaf && m_weight == leaf->m_weight && om::Object::propertiesEqual(other);
+        auto const* same = dynamic_cast<WithIntProperty const*>(&other);
+        return same && m_value == same->m_value && Base::propertiesEqual(other);
     }
     om::PropertyValueBase const& getProperty(std::string const& name) const override {
-        return name == WeightProperty ? m_weight : om::Object::getProperty(name);
+        return name == Self::IntProperty ? m_value : Base::getProperty(name);
     }
     void setProperty(std::string const& name, om::PropertyValueBase const& value) override {
-        name == WeightProperty ? void(m_weight = value) : om::Object::setProperty(name, value);
+        name == Self::IntProperty ? void(m_value = value) : Base::setProperty(name, value);
     }
 
+protected:
+    int getInt() const { return intOf(m_value); }
+    void setInt(int value) { m_value = om::PropertyValueBase(IntValue(value)); }
+
 private:
-    om::PropertyValueBase m_weight;
+    om::PropertyValueBase m_value;
+};
+
+// The definition of Self: its own name, and derived from what Base is derived from.
+template <class Self, class Base> class DefinitionOf : public Base {
+public:
+    std::string const& getClassName() const override { return Self::ClassName; }
+    bool isDerivedFrom(std::string const& name) const override {
+        return name == Self::ClassName || Base::isDerivedFrom(name);
+    }
+};
+
+class LeafDefinition;
+class NodeDefinition;
+class TreeDefinition;
+
+// One int property "Weight" and one association "Target" to any object.
+class Leaf : public WithIntProperty<Leaf, om::Object> {
+public:
+    using DefinitionClass = LeafDefinition;
+    static inline std::string const ClassName{"test::Leaf"};
+    static inline std::string const IntProperty{"Weight"};
+    static constexpr int Default = 0;
+    static inline om::ObjectDefinition const* Definition = nullptr;
+
+    Leaf() : WithIntProperty(true) { initializeMembers(getDefinition()); }
+    explicit Leaf(bool flag) : WithIntProperty(flag) {}
 };
 
 // Property "Size" (default 7); associations "Link" (one) and "Links" (a list);
 // compositions "Children" (any number), "Optional" (0..1) and "Required" (1..1).
-class Node : public om::Object {
+class Node : public WithIntProperty<Node, om::Object> {
 public:
+    using DefinitionClass = NodeDefinition;
     static inline std::string const ClassName{"test::Node"};
-    static inline std::string const SizeProperty{"Size"};
+    static inline std::string const IntProperty{"Size"};
+    static constexpr int Default = 7;
     static inline om::ObjectDefinition const* Definition = nullptr;
 
-    Node() : Node(true) { initializeMembers(getDefinition()); }
-    explicit Node(bool flag) : om::Object(flag), m_size(IntValue(7)) {}
-    Node(Node const&) = default;
-    Node& operator=(Node const& other) {
-        om::Object::operator=(other);
-        return *this;
-    }
+    Node() : WithIntProperty(true) { initializeMembers(getDefinition()); }
+    explicit Node(bool flag) : WithIntProperty(flag) {}
 
-    int getSize() const { return intOf(m_size); }
-    void setSize(int size) { m_size = om::PropertyValueBase(IntValue(size)); }
-
-    std::unique_ptr<om::Object> clone() const override { return std::make_unique<Node>(*this); }
-    om::ObjectDefinition const& getDefinition() const override;
-    void tryAssignProperties(om::Object const& other, bool flag) override {
-        om::Object::tryAssignProperties(other, flag);
-        if (auto const* node = dynamic_cast<Node const*>(&other)) {
-            m_size = node->m_size;
-        }
-    }
-    bool propertiesEqual(om::Object const& other) const override {
-        auto const* node = dynamic_cast<Node const*>(&other);
-        return node && m_size == node->m_size && om::Object::propertiesEqual(other);
-    }
-    om::PropertyValueBase const& getProperty(std::string const& name) const override {
-        return name == SizeProperty ? m_size : om::Object::getProperty(name);
-    }
-    void setProperty(std::string const& name, om::PropertyValueBase const& value) override {
-        name == SizeProperty ? void(m_size = value) : om::Object::setProperty(name, value);
-    }
-
-private:
-    om::PropertyValueBase m_size;
+    int getSize() const { return getInt(); }
+    void setSize(int size) { setInt(size); }
 };
 
 // A Node with property "Extra", association "Buddy" and composition
 // "Branches" (at least one Leaf, no upper limit).
-class Tree : public Node {
+class Tree : public WithIntProperty<Tree, Node> {
 public:
+    using DefinitionClass = TreeDefinition;
     static inline std::string const ClassName{"test::Tree"};
-    static inline std::string const ExtraProperty{"Extra"};
+    static inline std::string const IntProperty{"Extra"};
+    static constexpr int Default = 0;
     static inline om::ObjectDefinition const* Definition = nullptr;
 
-    Tree() : Tree(true) { initializeMembers(getDefinition()); }
-    explicit Tree(bool flag) : Node(flag), m_extra(IntValue(0)) {}
-    Tree(Tree const&) = default;
-    Tree& operator=(Tree const& other) {
-        om::Object::operator=(other);
-        return *this;
-    }
+    Tree() : WithIntProperty(true) { initializeMembers(getDefinition()); }
+    explicit Tree(bool flag) : WithIntProperty(flag) {}
 
-    int getExtra() const { return intOf(m_extra); }
-    void setExtra(int extra) { m_extra = om::PropertyValueBase(IntValue(extra)); }
-
-    std::unique_ptr<om::Object> clone() const override { return std::make_unique<Tree>(*this); }
-    om::ObjectDefinition const& getDefinition() const override;
-    void tryAssignProperties(om::Object const& other, bool flag) override {
-        Node::tryAssignProperties(other, flag);
-        if (auto const* tree = dynamic_cast<Tree const*>(&other)) {
-            m_extra = tree->m_extra;
-        }
-    }
-    bool propertiesEqual(om::Object const& other) const override {
-        auto const* tree = dynamic_cast<Tree const*>(&other);
-        return tree && m_extra == tree->m_extra && Node::propertiesEqual(other);
-    }
-    om::PropertyValueBase const& getProperty(std::string const& name) const override {
-        return name == ExtraProperty ? m_extra : Node::getProperty(name);
-    }
-    void setProperty(std::string const& name, om::PropertyValueBase const& value) override {
-        name == ExtraProperty ? void(m_extra = value) : Node::setProperty(name, value);
-    }
-
-private:
-    om::PropertyValueBase m_extra;
+    int getExtra() const { return getInt(); }
+    void setExtra(int extra) { setInt(extra); }
 };
 
-class LeafDefinition : public om::ObjectDefinition {
+class LeafDefinition : public DefinitionOf<Leaf, om::ObjectDefinition> {
 public:
     LeafDefinition() {
-        defineProperty(Leaf::WeightProperty, intProperty(0));
-        defineAssociation(Leaf::TargetAssociation, association(om::Object::ClassName));
-    }
-    std::string const& getClassName() const override { return Leaf::ClassName; }
-    bool isDerivedFrom(std::string const& name) const override {
-        return name == Leaf::ClassName || om::ObjectDefinition::isDerivedFrom(name);
+        defineProperty(Leaf::IntProperty, intProperty(0));
+        defineAssociation("Target", association(om::Object::ClassName));
     }
 };
 
-class NodeDefinition : public om::ObjectDefinition {
+class NodeDefinition : public DefinitionOf<Node, om::ObjectDefinition> {
 public:
     NodeDefinition() {
-        defineProperty(Node::SizeProperty, intProperty(7));
+        defineProperty(Node::IntProperty, intProperty(7));
         defineAssociation("Link", association(om::Object::ClassName));
         defineAssociation("Links",
                           association(om::Object::ClassName, om::AssociationDefinition::atList, 0));
@@ -210,45 +196,16 @@ public:
         defineComposition("Optional", composition(Leaf::ClassName, 0, 1));
         defineComposition("Required", composition(Leaf::ClassName, 1, 1));
     }
-    std::string const& getClassName() const override { return Node::ClassName; }
-    bool isDerivedFrom(std::string const& name) const override {
-        return name == Node::ClassName || om::ObjectDefinition::isDerivedFrom(name);
-    }
 };
 
-class TreeDefinition : public NodeDefinition {
+class TreeDefinition : public DefinitionOf<Tree, NodeDefinition> {
 public:
     TreeDefinition() {
-        defineProperty(Tree::ExtraProperty, intProperty(0));
+        defineProperty(Tree::IntProperty, intProperty(0));
         defineAssociation("Buddy", association(Node::ClassName));
         defineComposition("Branches", composition(Leaf::ClassName, 1, 0));
     }
-    std::string const& getClassName() const override { return Tree::ClassName; }
-    bool isDerivedFrom(std::string const& name) const override {
-        return name == Tree::ClassName || NodeDefinition::isDerivedFrom(name);
-    }
 };
-
-inline om::ObjectDefinition const& Leaf::getDefinition() const {
-    if (Definition == nullptr) {
-        Definition = new LeafDefinition();
-    }
-    return *Definition;
-}
-
-inline om::ObjectDefinition const& Node::getDefinition() const {
-    if (Definition == nullptr) {
-        Definition = new NodeDefinition();
-    }
-    return *Definition;
-}
-
-inline om::ObjectDefinition const& Tree::getDefinition() const {
-    if (Definition == nullptr) {
-        Definition = new TreeDefinition();
-    }
-    return *Definition;
-}
 
 inline bool IntValue::validate(om::PropertyDefinition const& definition, std::string& error) const {
     if (definition.getType() != IntType) {

@@ -91,10 +91,14 @@ inline Lines annotatedErrors(std::string const& source) {
     return expected;
 }
 
-// The line of a well-formedness error at a line and column of "t.kel".
+// The line of an error at a line and column of "t.kel".
+inline std::string at(int line, int column, std::string const& message) {
+    return "t.kel:" + std::to_string(line) + ":" + std::to_string(column) + ": " + message;
+}
+
+// The same for a well-formedness error.
 inline std::string wf(int line, int column, std::string const& message) {
-    return "t.kel:" + std::to_string(line) + ":" + std::to_string(column) +
-           ": Well-formedness error: " + message;
+    return at(line, column, "Well-formedness error: " + message);
 }
 
 // A source, which begins with a line break so that line 1 is the one after it,

@@ -21,16 +21,6 @@ protected:
     ParserBase types{store.model};
 };
 
-TEST_F(ParserBaseBuiltinsTest, IntegerTypesAreEqualWhateverTheirRange) {
-    auto const& small = type(kel::constructIntTypeDeclaration(store.model, "Small", 0, 3));
-    auto const& large = type(kel::constructIntTypeDeclaration(store.model, "Large", -9, 900));
-    EXPECT_TRUE(ParserBase::isEqualType(small, large));
-    EXPECT_TRUE(ParserBase::isEqualType(small, types.getIntType()));
-    EXPECT_TRUE(ParserBase::isIntType(large));
-    EXPECT_FALSE(ParserBase::isIntType(types.getBoolType()));
-    EXPECT_EQ(types.getIntType().getName(), "int");
-}
-
 TEST_F(ParserBaseBuiltinsTest, DataTypesAreEqualWhateverTheirText) {
     auto const& text = type(kel::constructDataTypeDeclaration(store.model, "Text", "$char*$"));
     auto const& number = type(kel::constructDataTypeDeclaration(store.model, "Number", "$long$"));

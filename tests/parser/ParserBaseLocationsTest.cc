@@ -10,7 +10,6 @@
 
 namespace {
 
-using language::location;
 using language::ParserBase;
 
 using language::test::span;
@@ -55,52 +54,6 @@ TEST_F(ParserBaseLocationsTest, FilesAddedAfterALookupAreFoundAndTheFirstOfAName
     EXPECT_EQ(&first.GetFile("b.kel"), &b);
     EXPECT_EQ(&first.GetFile("a.kel"), &a);
     EXPECT_EQ(&second.GetFile("a.kel"), &a);
-}
-
-TEST_F(ParserBaseLocationsTest, BooksBeginEndAndMainPositionOfThreeLocations) {
-    std::string const name = "a.kel";
-    kel::File const& file = base.addFile(name);
-    kel::EnumTypeDeclaration copy = kel::NewCopy<kel::EnumTypeDeclaration>(store.model);
-    base.setLocation(copy, span(&name, 1, 1, 1, 5), span(&name, 3, 2, 3, 3),
-                     span(&name, 1, 6, 1, 7));
-    EXPECT_EQ(copy.getBeginLine(), 1);
-    EXPECT_EQ(copy.getBeginColumn(), 1);
-    EXPECT_EQ(copy.getEndLine(), 3);
-    EXPECT_EQ(copy.getEndColumn(), 3);
-    EXPECT_EQ(copy.getLine(), 1);
-    EXPECT_EQ(copy.getColumn(), 6);
-    EXPECT_EQ(&copy.getFile(), &file);
-}
-
-TEST_F(ParserBaseLocationsTest, UpdateLocationStoresTheSpanAndGetLocationReadsItBack) {
-    std::string const name = "a.kel";
-    base.addFile(name);
-    om::Oid id = kel::NewNamed<kel::EnumValueDeclaration>(store.model, "x");
-    location where = span(&name, 4, 2, 4, 9);
-    EXPECT_EQ(base.updateLocation(id, where), id);
-    auto const& stored = kel::Find<kel::EnumValueDeclaration>(store.model, id);
-    location read = ParserBase::getLocation(stored);
-    EXPECT_EQ(*read.begin.filename, name);
-    EXPECT_EQ(read.begin.line, 4u);
-    EXPECT_EQ(read.begin.column, 2u);
-    EXPECT_EQ(read.end.line, 4u);
-    EXPECT_EQ(read.end.column, 9u);
-    language::Name copied = ParserBase::copyName(stored);
-    EXPECT_EQ(copied.name, "x");
-    EXPECT_EQ(copied.location.end.column, 9u);
-}
-
-TEST_F(ParserBaseLocationsTest, GetLocationBeginsAtTheMainPosition) {
-    std::string const name = "a.kel";
-    base.addFile(name);
-    om::Oid id = kel::NewNamed<kel::EnumValueDeclaration>(store.model, "x");
-    base.updateLocation(id, span(&name, 3, 1, 3, 2), span(&name, 4, 1, 4, 9),
-                        span(&name, 3, 7, 3, 8));
-    location read = ParserBase::getLocation(kel::Find<kel::EnumValueDeclaration>(store.model, id));
-    EXPECT_EQ(read.begin.line, 3u);
-    EXPECT_EQ(read.begin.column, 7u);
-    EXPECT_EQ(read.end.line, 4u);
-    EXPECT_EQ(read.end.column, 9u);
 }
 
 TEST_F(ParserBaseLocationsTest, ACopiedLocationKeepsTheMainPosition) {

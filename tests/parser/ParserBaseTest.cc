@@ -72,12 +72,6 @@ TEST(ParserBaseTest, AsStringShowsTheBeginOrNothingWithoutAFile) {
     EXPECT_EQ(ParserBase::asString(span(nullptr, 12, 34, 13, 1)), "");
 }
 
-TEST(ParserBaseTest, QuotesNamesWithApostrophes) {
-    EXPECT_EQ(ParserBase::q("x"), "'x'");
-    EXPECT_EQ(ParserBase::q(""), "''");
-    EXPECT_FALSE(ParserBase::FALSE());
-}
-
 class NameHelpersTest : public testing::Test {
 protected:
     std::string const file = "n.kel";
@@ -116,14 +110,6 @@ TEST_F(NameHelpersTest, OnlyASingleNameIsAVariable) {
     EXPECT_TRUE(ParserBase::isVariable(Names{a}));
     EXPECT_FALSE(ParserBase::isVariable(Names{a, b}));
     EXPECT_FALSE(ParserBase::isVariable(Names{}));
-}
-
-TEST_F(NameHelpersTest, ADefaultNameIsEmptyWithoutFileAtLineOneColumnOne) {
-    EXPECT_EQ(none.name, "");
-    EXPECT_EQ(none.location.begin.filename, nullptr);
-    EXPECT_EQ(none.location.begin.line, 1u);
-    EXPECT_EQ(none.location.end.column, 1u);
-    EXPECT_EQ(ParserBase::createName("x", c.location), (Name{"x", c.location}));
 }
 
 } // namespace

@@ -172,18 +172,8 @@ INSTANTIATE_TEST_SUITE_P(
         ScanCase{"a /* never closed",
                  {{token::TOK_IDENTIFIER, "a", 1, 1, 1, 2}, {token::TOK_END, "", 1, 3, 1, 18}}}));
 
-// A stream whose reading fails outright, as a broken device would.
-struct FailingBuffer : std::streambuf {
-    int_type underflow() override { throw std::ios_base::failure("device gone"); }
-};
-
 TEST(ScannerFailureTest, AFailingStreamThrowsInsteadOfEndingTheProcess) {
-    FailingBuffer buffer;
-    std::istream in(&buffer);
-    language::Scanner scanner(&in, nullptr);
-    language::location loc;
-    language::BisonParser::semantic_type value;
-    EXPECT_THROW(scanner.lex(&value, &loc), std::runtime_error);
+    test::expectFailingStreamThrows<language::BisonParser, language::Scanner>();
 }
 
 } // namespace

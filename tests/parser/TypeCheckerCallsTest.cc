@@ -35,16 +35,6 @@ protected:
     Oid e = event("e", "bool", {parameter("a", smallType), parameter("b", boolType)});
 };
 
-TEST_F(TypeCheckerActionsTest, AnArgumentOfAnotherTypeIsReportedWhereItStands) {
-    bool ok = true;
-    // 3: e(true, 1)
-    EXPECT_EQ(typeOf(action(e, {boolean(3, 3), integer(3, 9)}, 3, 1), ok), "bool");
-    EXPECT_FALSE(ok);
-    EXPECT_THAT(errors(),
-                ElementsAre("t.kel:3:3: Parameter value does not match with expected type",
-                            "t.kel:3:9: Parameter value does not match with expected type"));
-}
-
 TEST_F(TypeCheckerActionsTest, AnArgumentWithoutTypeIsReportedUnlessItFailedAlready) {
     bool ok = true;
     Oid unbound = model.createRecursive(kel::VariableExpression::ClassName)->getOid();

@@ -88,19 +88,6 @@ TEST_F(TypeCheckerDeclarationsTest, AnUnboundPortEndsTheBindingsOfTheNamespaceSi
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-TEST_F(TypeCheckerDeclarationsTest, InitialValuesOfBehaviourVariablesMatchTheirTypes) {
-    Oid unbound = model.createRecursive(kel::VariableExpression::ClassName)->getOid();
-    Oid withVariables = behaviour({at(variable("a", boolType, integer(2, 12)), 2, 8),
-                                   at(variable("b", boolType, unresolvedName(3, 12)), 3, 8),
-                                   at(variable("c", boolType, unbound), 4, 8),
-                                   at(variable("d", smallType, integer(5, 12)), 5, 8)},
-                                  {}, {});
-    EXPECT_FALSE(checker.checkBehaviourExpressionTypes(find<kel::Behaviour>(withVariables)));
-    EXPECT_THAT(errors(),
-                ElementsAre("t.kel:2:8: type mismatch: 'bool' expected, found: 'int'",
-                            "t.kel:3:8: type mismatch: 'bool' expected, found: <unknown>"));
-}
-
 TEST_F(TypeCheckerDeclarationsTest, ABehaviourReportsVariablesThenFunctionsThenItsStatement) {
     Oid b = variable("b", boolType);
     auto assignment = [&](int line) {

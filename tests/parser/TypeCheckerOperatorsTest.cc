@@ -40,17 +40,6 @@ TEST_F(TypeCheckerOperatorsTest, IntegerOperatorsReportEachBooleanOperandAndKeep
     }
 }
 
-TEST_F(TypeCheckerOperatorsTest, IntegerOperatorsTakeSubrangesAndConstantsAlike) {
-    Oid small = variable("s", smallType);
-    for (OperatorCase const& op : integerOperators) {
-        bool ok = true;
-        EXPECT_EQ(typeOf(binary(op.construct, use(small, 2, 1), integer(2, 5), 2, 3), ok),
-                  op.resultType);
-        EXPECT_TRUE(ok) << op.symbol;
-    }
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
 TEST_F(TypeCheckerOperatorsTest, BooleanOperatorsReportEachIntegerOperand) {
     for (auto [construct, symbol] :
          {std::pair<Construct, std::string>{kel::constructAndExpression, "&&"},
@@ -91,13 +80,6 @@ TEST_F(TypeCheckerOperatorsTest, AnOperandOfUnknownTypeIsNotCheckedNorFailed) {
     EXPECT_EQ(typeOf(negation(unresolvedName(3, 2), 3, 1), ok), "bool");
     EXPECT_TRUE(ok);
     EXPECT_EQ(errors().size(), 1u);
-}
-
-TEST_F(TypeCheckerOperatorsTest, NegationOfAnIntegerGivesOneErrorAndABoolean) {
-    bool ok = true;
-    EXPECT_EQ(typeOf(negation(integer(7, 5), 7, 1), ok), "bool");
-    EXPECT_FALSE(ok);
-    EXPECT_THAT(errors(), ElementsAre("t.kel:7:1: 'not' requires a boolean argument"));
 }
 
 struct EqualityCase {

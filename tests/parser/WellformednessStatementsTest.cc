@@ -27,19 +27,6 @@ interface I {
 )kel",
                    {wf(5, 7, "Assignment statement only allowed within OnEventStatement"),
                     wf(6, 5, "Only imperative Statement allowed here")}},
-        SourceCase{"FirstStatementMakesTheListDeclarative",
-                   R"kel(
-interface I {
-  in void e();
-  behaviour {
-    bool b = false;
-    on e: {}
-    b = true;
-  }
-}
-)kel",
-                   {wf(6, 7, "Assignment statement only allowed within OnEventStatement"),
-                    wf(6, 7, "Only declarative Statement allowed here")}},
         SourceCase{"BodyOfOnIsANewList",
                    R"kel(
 interface I {

@@ -86,18 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
                   {token::TOK_YYUNDEF, "", 1, 2, 1, 3},
                   {token::TOK_END, "", 1, 3, 1, 3}}}));
 
-// A stream whose reading fails outright, as a broken device would.
-struct FailingBuffer : std::streambuf {
-    int_type underflow() override { throw std::ios_base::failure("device gone"); }
-};
-
 TEST(PreScannerFailureTest, AFailingStreamThrowsInsteadOfEndingTheProcess) {
-    FailingBuffer buffer;
-    std::istream in(&buffer);
-    pre::PreScanner scanner(&in, nullptr);
-    pre::location loc;
-    pre::PreBisonParser::semantic_type value;
-    EXPECT_THROW(scanner.lex(&value, &loc), std::runtime_error);
+    test::expectFailingStreamThrows<pre::PreBisonParser, pre::PreScanner>();
 }
 
 } // namespace

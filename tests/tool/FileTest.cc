@@ -13,7 +13,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 // A well-formed interface named `name`.
 std::string interface(std::string const& name) {
@@ -93,26 +92,6 @@ TEST_F(FileTest, ReadsStandardInputForDash) {
     File const file("-", {});
     std::cin.rdbuf(saved);
     EXPECT_NE(file.TryGetModel("FromStdin"), nullptr);
-}
-
-TEST_F(FileTest, FailedParseRaisesWithAllErrors) {
-    std::string const path = write("interface I { in void e(); behaviour { on e: {} } };\n");
-    try {
-        File file(path, {});
-        FAIL() << "loaded a source with a syntax error";
-    } catch (std::runtime_error const& error) {
-        EXPECT_EQ(std::string(error.what()),
-                  "Parsing failed: \n" + path + ":1:52: syntax error, unexpected ;\n");
-    }
-}
-
-TEST_F(FileTest, UnreadableSourceRaisesCannotOpen) {
-    try {
-        File file("/nonexistent/model.kel", {});
-        FAIL() << "loaded a missing source";
-    } catch (std::runtime_error const& error) {
-        EXPECT_THAT(error.what(), HasSubstr(": cannot open '/nonexistent/model.kel'\n"));
-    }
 }
 
 } // namespace
