@@ -191,6 +191,13 @@ TEST_F(GrammarTest, BindingSidesNameAPortOrAWildcardOfAnInstanceOrTheComponent) 
     EXPECT_THAT(bindings, testing::ElementsAre("i.p <=> *", "* <=> p", "a.* <=> b.c"));
 }
 
+TEST_F(GrammarTest, NativeTextKeepsItsDollarsAndABehaviourMayBeNamed) {
+    parse("$int x = \\$1;$\ninterface I { behaviour B { } }");
+    EXPECT_EQ(AsType<kel::NativeStatement>(only(kel::NativeStatement::ClassName)).getValue(),
+              "$int x = \\$1;$");
+    EXPECT_EQ(AsType<kel::Behaviour>(only(kel::Behaviour::ClassName)).getName(), "B");
+}
+
 struct SpanCase {
     std::string source;
     std::string className;
