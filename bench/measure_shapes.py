@@ -64,6 +64,13 @@ def many_functions(n):
             f"    on e: b = f{n - 1}(b);\n  }} }}\n"), "I"
 
 
+def call_chain(n):
+    calls = "".join(f"    void f{i}() {{ f{i + 1}(); }}\n" for i in range(n))
+    return ("interface I { in void e(); behaviour { on e: {} } }\n"
+            f"component C {{ provides I p; behaviour {{\n{calls}    void f{n}() {{ }}\n"
+            "    on p.e(): f0();\n  } }\n"), "C"
+
+
 def block_of_actions(n):
     actions = "".join("      p.f();\n" for _ in range(n))
     return ("interface I { in void e(); out void f(); behaviour { on e: f; } }\n"
@@ -95,7 +102,7 @@ def wide_system(n):
 
 SHAPES = [flat_interfaces, dotted_interfaces, many_events, many_triggers, many_parameters,
           long_enum, many_guards,
-          many_variables, many_functions, block_of_actions, block_of_assignments,
+          many_variables, many_functions, call_chain, block_of_actions, block_of_assignments,
           many_required_ports, wide_system]
 
 

@@ -8,6 +8,7 @@
 #include "parser/StatementQueries.h"
 
 #include <algorithm>
+#include <set>
 
 namespace language {
 
@@ -23,7 +24,70 @@ kel::FunctionDeclaration const& functionWithId(kel::FunctionDeclaration const& a
 
 } // namespace
 
-Recurser::Recurser(kel::Behaviour const& /*behaviour*/) {}
+Recurser::Recurser(kel::Behaviour const& behaviour) {
+    std::map<om::Oid, std::vector<om::Oid>> calls;
+    std::vector<kel::FunctionDeclaration const*> pending;
+    for (kel::FunctionDeclaration const* function : behaviour.getFunctionsVec()) {
+        pending.push_back(function);
+    }
+    while (!pending.empty()) {
+        kel::FunctionDeclaration const& function = *pending.back();
+        pending.pop_back();
+        auto [entry, isNew] = calls.try_emplace(function.getOid());
+        if (!isNew) {
+            continue;
+        }
+        entry->second = containingCalls(function);
+        for (om::Oid callee : entry->second) {
+            pending.push_back(&functionWithId(function, callee));
+        }
+    }
+    findComponents(calls);
+}
+
+// Tarjan's strongly connected components, on a stack of its own.
+void Recurser::findComponents(std::map<om::Oid, std::vector<om::Oid>> const& calls) {
+    std::map<om::Oid, std::size_t> order;
+    std::map<om::Oid, std::size_t> low;
+    std::vector<om::Oid> open;
+    std::vector<std::pair<om::Oid, std::size_t>> path;
+    auto enter = [&](om::Oid id) {
+        order[id] = low[id] = order.size();
+        open.push_back(id);
+        path.emplace_back(id, 0);
+    };
+    for (auto const& [root, unused] : calls) {
+        if (!order.contains(root)) {
+            enter(root);
+        }
+        while (!path.empty()) {
+            auto& [id, next] = path.back();
+            std::vector<om::Oid> const& callees = calls.at(id);
+            if (next < callees.size()) {
+                om::Oid const callee = callees[next++];
+                if (!order.contains(callee)) {
+                    enter(callee);
+                } else if (!m_components.contains(callee)) {
+                    low[id] = std::min(low[id], order[callee]);
+                }
+                continue;
+            }
+            om::Oid const done = id;
+            path.pop_back();
+            if (!path.empty()) {
+                low[path.back().first] = std::min(low[path.back().first], low[done]);
+            }
+            if (low[done] == order[done]) {
+                om::Oid member;
+                do {
+                    member = open.back();
+                    open.pop_back();
+                    m_components[member] = order[done];
+                } while (member != done);
+            }
+        }
+    }
+}
 
 std::vector<om::Oid> Recurser::containingCalls(kel::FunctionDeclaration const& function) const {
     std::vector<om::Oid> calls;
@@ -59,23 +123,42 @@ void Recurser::addContainingCallsInExpr(kel::Expression const& expression,
     }
 }
 
+// Any path will do, so every function is walked once: the answer is that of
+// a walk that only avoids the functions on its own path.
 bool Recurser::containsRecursiveCallToFunction(om::Oid target,
                                                kel::FunctionDeclaration const& function,
                                                std::vector<om::Oid> const& visited) const {
-    for (om::Oid callee : containingCalls(function)) {
-        if (callee == target) {
+    std::set<om::Oid> seen(visited.begin(), visited.end());
+    std::vector<kel::FunctionDeclaration const*> pending{&function};
+    while (!pending.empty()) {
+        kel::FunctionDeclaration const& caller = *pending.back();
+        pending.pop_back();
+        std::vector<om::Oid> const callees = containingCalls(caller);
+        if (contains(callees, target)) {
             return true;
         }
-        if (contains(visited, callee)) {
-            continue;
-        }
-        std::vector<om::Oid> path = visited;
-        path.push_back(callee);
-        if (containsRecursiveCallToFunction(target, functionWithId(function, callee), path)) {
-            return true;
+        for (auto callee = callees.rbegin(); callee != callees.rend(); ++callee) {
+            if (seen.insert(*callee).second) {
+                pending.push_back(&functionWithId(caller, *callee));
+            }
         }
     }
     return false;
+}
+
+bool Recurser::reaches(om::Oid callee, kel::FunctionDeclaration const& function,
+                       kel::Expression const& call) const {
+    if (callee == function.getOid()) {
+        return true;
+    }
+    auto const calleeComponent = m_components.find(callee);
+    auto const functionComponent = m_components.find(function.getOid());
+    if (calleeComponent != m_components.end() && functionComponent != m_components.end() &&
+        tryGetAncestor<kel::FunctionDeclaration>(call) == &function) {
+        return calleeComponent->second == functionComponent->second;
+    }
+    return containsRecursiveCallToFunction(function.getOid(), functionWithId(function, callee),
+                                           {callee});
 }
 
 bool Recurser::containsRecursiveCallTo(kel::FunctionDeclaration const& function,
@@ -99,8 +182,7 @@ bool Recurser::exprContainsRecursiveCallTo(kel::FunctionDeclaration const& funct
     std::vector<kel::Expression const*> inner = operandsOf(expression);
     if (kel::FunctionCallExpression const* call = expression.asFunctionCallExpression()) {
         if (kel::FunctionDeclaration const* callee = call->getFunction().tryGetDeclaration()) {
-            if (callee->getOid() == function.getOid() ||
-                containsRecursiveCallToFunction(function.getOid(), *callee, {callee->getOid()})) {
+            if (reaches(callee->getOid(), function, expression)) {
                 return true;
             }
         }

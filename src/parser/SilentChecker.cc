@@ -60,8 +60,10 @@ Silentness SilentChecker::isSilentIf(Silentness first, Silentness second) {
 
 void SilentChecker::getFixedPoint(kel::Behaviour const& behaviour) {
     std::vector<kel::FunctionDeclaration const*> recursive;
+    // One analysis for all functions: each one made anew would redo the whole behaviour.
+    Recurser const recurser(behaviour);
     for (kel::FunctionDeclaration const* function : behaviour.getFunctionsVec()) {
-        if (isRecursive(*function)) {
+        if (recurser.isRecursiveFunction(*function)) {
             recursive.push_back(function);
             m_functions[function->getOid()] = S::RecursionSeed;
         } else {

@@ -60,23 +60,39 @@ void SystemGraph::addEdges(kel::BindingStatement const& binding) {
     }
 }
 
-void SystemGraph::traverse(CompInst& node) {
-    if (node.state == State::Done || node.state == State::Cyclic) {
+// A depth-first walk on a stack of its own: a chain of bindings can be as long
+// as the source, too deep for the call stack. A node that reaches a node still
+// being visited, or a cyclic one, is cyclic.
+void SystemGraph::traverse(CompInst& start) {
+    if (start.state != State::NotVisited) {
         return;
     }
-    if (node.state == State::Visiting) {
-        node.state = State::Cyclic;
-        return;
-    }
-    node.state = State::Visiting;
-    for (CompInst* successor : node.successors) {
-        traverse(*successor);
-        if (successor->state == State::Cyclic) {
-            node.state = State::Cyclic;
+    start.state = State::Visiting;
+    std::vector<std::pair<CompInst*, std::size_t>> path{{&start, 0}};
+    while (!path.empty()) {
+        CompInst& node = *path.back().first;
+        if (path.back().second < node.successors.size()) {
+            CompInst& successor = *node.successors[path.back().second++];
+            if (successor.state == State::NotVisited) {
+                successor.state = State::Visiting;
+                path.emplace_back(&successor, 0);
+                continue;
+            }
+            if (successor.state == State::Visiting) {
+                successor.state = State::Cyclic;
+            }
+            if (successor.state == State::Cyclic) {
+                node.state = State::Cyclic;
+            }
+            continue;
         }
-    }
-    if (node.state == State::Visiting) {
-        node.state = State::Done;
+        if (node.state == State::Visiting) {
+            node.state = State::Done;
+        }
+        path.pop_back();
+        if (!path.empty() && node.state == State::Cyclic) {
+            path.back().first->state = State::Cyclic;
+        }
     }
 }
 
@@ -88,30 +104,41 @@ SystemGraph::Sys& SystemGraph::sysOf(kel::System const& system) {
     return *node;
 }
 
-void SystemGraph::recurse(Sys& node) {
-    if (node.state == State::Done || node.state == State::Cyclic) {
+// The nesting of systems, walked like the bindings: a system that meets one
+// still being visited marks both as recursive.
+void SystemGraph::recurse(Sys& start) {
+    if (start.state != State::NotVisited) {
         return;
     }
-    if (node.state == State::Visiting) {
-        node.state = State::Cyclic;
-        return;
-    }
-    node.state = State::Visiting;
-    for (kel::ComponentInstanceDeclaration const* instance : node.system->getInstancesVec()) {
-        kel::ComponentDeclaration const* component = instance->getComponent().tryGetDeclaration();
+    start.state = State::Visiting;
+    struct Frame {
+        Sys* node;
+        kel::ConstComponentInstanceDeclarationVec instances;
+        std::size_t next = 0;
+    };
+    std::vector<Frame> path{{&start, start.system->getInstancesVec()}};
+    while (!path.empty()) {
+        Frame& frame = path.back();
+        if (frame.next == frame.instances.size()) {
+            if (frame.node->state == State::Visiting) {
+                frame.node->state = State::Done;
+            }
+            path.pop_back();
+            continue;
+        }
+        kel::ComponentDeclaration const* component =
+            frame.instances[frame.next++]->getComponent().tryGetDeclaration();
         if (component == nullptr || !component->hasSystem()) {
             continue;
         }
         Sys& inner = sysOf(component->getSystem());
         if (inner.state == State::Visiting) {
             inner.state = State::Cyclic;
-            node.state = State::Cyclic;
-        } else {
-            recurse(inner);
+            frame.node->state = State::Cyclic;
+        } else if (inner.state == State::NotVisited) {
+            inner.state = State::Visiting;
+            path.push_back({&inner, inner.system->getInstancesVec()});
         }
-    }
-    if (node.state == State::Visiting) {
-        node.state = State::Done;
     }
 }
 

@@ -30,6 +30,7 @@ void self() { self(); }
 void ping() { if (b) pong(); }
 void pong() { ping(); }
 void caller() { self(); }
+void intoTheCycle() { ping(); }
 void nested() { b = f(f(b)); }
 bool f(bool x) { return x; }
 bool inGuard() { [inGuard()] r.e(); return true; }
@@ -39,8 +40,27 @@ bool inGuard() { [inGuard()] r.e(); return true; }
     EXPECT_TRUE(recursive("ping"));
     EXPECT_TRUE(recursive("pong"));
     EXPECT_FALSE(recursive("caller"));
+    EXPECT_FALSE(recursive("intoTheCycle")) << "calls into a cycle that does not lead back";
     EXPECT_FALSE(recursive("nested"));
     EXPECT_FALSE(recursive("inGuard"));
+}
+
+TEST(RecurserTest, AStatementOfAnotherFunctionReachesThroughItsCalls) {
+    ResolvedSource source(component(R"kel(
+void ping() { if (b) pong(); }
+void pong() { ping(); tail(); }
+void tail() { }
+void viaPong() { pong(); }
+void viaSelf() { viaSelf(); }
+)kel"));
+    Recurser recurser(source.behaviour("C"));
+    auto reached = [&](char const* function, char const* from) {
+        return recurser.containsRecursiveCallTo(source.function("C", function),
+                                                source.function("C", from).getStatement());
+    };
+    EXPECT_TRUE(reached("ping", "viaPong"));
+    EXPECT_TRUE(reached("tail", "viaPong")) << "reached, though not on a cycle with pong";
+    EXPECT_FALSE(reached("ping", "viaSelf"));
 }
 
 TEST(RecurserTest, ListsCalleesOnceInOrderOfFirstCall) {
