@@ -1,5 +1,6 @@
 // Lookup, clone-and-update and createRecursive over a store of about 100k
 // objects, with the heap allocations per operation as a counter.
+#include "AllocationCounter.h"
 #include "om/AsType.h"
 #include "om/ObjectModel.h"
 #include "om/TestClasses.h"
@@ -8,29 +9,8 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <unordered_map>
-
-namespace {
-
-// Counts every allocation of the process, so that each benchmark can report
-// how many allocations one operation makes.
-std::size_t allocations = 0;
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* memory = std::malloc(size == 0 ? 1 : size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -83,10 +63,6 @@ std::vector<om::Oid> shuffledIds() {
     return ids;
 }
 
-void reportAllocations(benchmark::State& state, std::size_t before) {
-    state.counters["allocs/op"] = benchmark::Counter(static_cast<double>(allocations - before) /
-                                                     static_cast<double>(state.iterations()));
-}
 
 void BM_Find(benchmark::State& state) {
     om::ObjectModel const& model = store().model;
@@ -155,13 +131,13 @@ void BM_CloneAndReorderThousandChildren(benchmark::State& state) {
             model.update(*changed);
         }
     }
-    std::size_t const before = allocations;
+    std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
         std::unique_ptr<om::Object> changed = model.find(parent)->clone();
         changed->getCompositionRef("Children").swap(0, 1);
         model.update(*changed);
     }
-    reportAllocations(state, before);
+    bench::reportAllocations(state, before);
 }
 BENCHMARK(BM_CloneAndReorderThousandChildren);
 
@@ -170,14 +146,14 @@ void BM_CopyAndUpdateProperty(benchmark::State& state) {
     om::ObjectModel& model = store().model;
     std::vector<om::Oid> const& nodes = store().nodes;
     std::size_t i = 0;
-    std::size_t const before = allocations;
+    std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
         test::Node changed = om::AsType<test::Node>(*model.find(nodes[i]));
         changed.setSize(static_cast<int>(i));
         model.update(changed);
         i = i + 1 == nodes.size() ? 0 : i + 1;
     }
-    reportAllocations(state, before);
+    bench::reportAllocations(state, before);
 }
 BENCHMARK(BM_CopyAndUpdateProperty);
 
@@ -187,7 +163,7 @@ void BM_CloneAndMoveAssociation(benchmark::State& state) {
     std::vector<om::Oid> const& nodes = store().nodes;
     std::vector<om::Oid> const& leaves = store().leaves;
     std::size_t i = 1;
-    std::size_t const before = allocations;
+    std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
         std::unique_ptr<om::Object> changed = model.find(nodes[i])->clone();
         om::AssociationValue& link = changed->getAssociationRef("Link");
@@ -195,7 +171,7 @@ void BM_CloneAndMoveAssociation(benchmark::State& state) {
         model.update(*changed);
         i = i + 1 == nodes.size() ? 1 : i + 1;
     }
-    reportAllocations(state, before);
+    bench::reportAllocations(state, before);
 }
 BENCHMARK(BM_CloneAndMoveAssociation);
 
@@ -204,7 +180,7 @@ void BM_CreateRecursive(benchmark::State& state) {
     test::Factory factory;
     om::ObjectModel model(factory);
     int made = 0;
-    std::size_t const before = allocations;
+    std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
         benchmark::DoNotOptimize(model.createRecursive("test::Tree"));
         if (++made == 30'000) {
@@ -214,7 +190,7 @@ void BM_CreateRecursive(benchmark::State& state) {
             state.ResumeTiming();
         }
     }
-    reportAllocations(state, before);
+    bench::reportAllocations(state, before);
 }
 BENCHMARK(BM_CreateRecursive);
 

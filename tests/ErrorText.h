@@ -1,4 +1,5 @@
-// The message of the OMException that an operation raises, for comparing with the expected text.
+// The message of the exception that an operation raises, an OMException unless
+// told otherwise, for comparing with the expected text.
 #pragma once
 
 #include "om/OMException.h"
@@ -7,10 +8,11 @@
 
 namespace test {
 
-template <class Operation> std::string errorOf(Operation operation) {
+template <class Error = om::OMException, class Operation>
+std::string errorOf(Operation operation) {
     try {
         operation();
-    } catch (om::OMException const& error) {
+    } catch (Error const& error) {
         return error.what();
     }
     return "no error";

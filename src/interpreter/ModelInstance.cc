@@ -1,0 +1,94 @@
+#include "interpreter/ModelInstance.h"
+
+#include "metamodel/ComponentDeclaration.h"
+#include "metamodel/EventSets.h"
+#include "metamodel/InterfaceDeclaration.h"
+#include "metamodel/InterfaceReference.h"
+#include "metamodel/InternalDeclaration.h"
+
+namespace {
+
+bool AnyNamed(kel::PortEventVec const& events, std::string const& name) {
+    for (auto const& event : events) {
+        if (event.str() == name) {
+            return true;
+        }
+    }
+    return false;
+}
+
+kel::PortEvent const* FirstNamed(kel::PortEventVec const& events, std::string const& name) {
+    for (auto const& event : events) {
+        if (event.str() == name) {
+            return &event;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+ModelInstance::ModelInstance(kel::ModelDeclaration const& model) : model(&model), port(nullptr) {}
+
+ModelInstance::ModelInstance(kel::PortDeclaration const& port)
+    : model(&port.getInterface().getDeclaration()), port(&port) {}
+
+std::string const& ModelInstance::getName() const {
+    return port != nullptr ? port->getName() : model->getName();
+}
+
+std::string ModelInstance::getRoleName() const {
+    if (port == nullptr) {
+        if (model->asComponentDeclaration() != nullptr) {
+            return "component";
+        }
+        return model->asInterfaceDeclaration() != nullptr ? "interface" : "unknown";
+    }
+    switch (port->getDirection()) {
+    case kel::idirRequired:
+        return port->getExternal() ? "required external" : "required";
+    case kel::idirProvided:
+        return "provided";
+    default:
+        return "unknown";
+    }
+}
+
+bool ModelInstance::isOutputEvent(std::string const& name) const {
+    return AnyNamed(kel::OutputEvents(*model), name);
+}
+
+bool ModelInstance::isInputEvent(std::string const& name) const {
+    return AnyNamed(kel::InputEvents(*model), name);
+}
+
+kel::PortEvent ModelInstance::getPortEvent(std::string const& name) const {
+    for (auto const& events : {kel::ObservableEvents(*model), kel::InternalEvents(*model)}) {
+        if (auto const* event = FirstNamed(events, name)) {
+            return *event;
+        }
+    }
+    auto const* component = model->asComponentDeclaration();
+    if (component == nullptr) {
+        return {};
+    }
+    auto const portName = name.substr(0, name.find('.'));
+    for (auto const* candidate : component->getPorts()) {
+        if (candidate->getName() == portName) {
+            return {candidate, nullptr};
+        }
+    }
+    return {};
+}
+
+kel::ConstPortDeclarationVec ModelInstance::getProvidesPorts() const {
+    kel::ConstPortDeclarationVec result;
+    if (auto const* component = model->asComponentDeclaration()) {
+        for (auto const* candidate : component->getPorts()) {
+            if (candidate->getDirection() == kel::idirProvided) {
+                result.push_back(candidate);
+            }
+        }
+    }
+    return result;
+}

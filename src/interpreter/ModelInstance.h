@@ -1,0 +1,39 @@
+// What a run runs: a model, and the port on whose behalf an interface runs.
+// Made once per run and shared, never changed.
+#pragma once
+
+#include "metamodel/ConstPortDeclarationVec.h"
+#include "metamodel/ModelDeclaration.h"
+#include "metamodel/PortDeclaration.h"
+#include "metamodel/PortEvent.h"
+
+#include <memory>
+#include <string>
+
+class ModelInstance {
+public:
+    // The run of a component or of a bare interface.
+    explicit ModelInstance(kel::ModelDeclaration const& model);
+    // The run of one port: its interface, reported under the port's name.
+    explicit ModelInstance(kel::PortDeclaration const& port);
+
+    kel::ModelDeclaration const* model;
+    // Null when the model runs for itself.
+    kel::PortDeclaration const* port;
+
+    // The port's name if there is a port, else the model's.
+    std::string const& getName() const;
+    // "component", "interface", "provided", "required", "required external"
+    // or "unknown": how the diagram labels the run.
+    std::string getRoleName() const;
+    bool isOutputEvent(std::string const& name) const;
+    bool isInputEvent(std::string const& name) const;
+    // The event that a trace entry stands for; for a component an entry whose
+    // first dotted part names a port gives that port without event, which is
+    // how a queue-flush marker finds its port. Empty when nothing matches.
+    kel::PortEvent getPortEvent(std::string const& name) const;
+    // The provided ports of a component in declaration order; none otherwise.
+    kel::ConstPortDeclarationVec getProvidesPorts() const;
+};
+
+using ModelInstancePtr = std::shared_ptr<ModelInstance const>;

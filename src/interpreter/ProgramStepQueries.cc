@@ -1,0 +1,268 @@
+// What the diagram, the reconciliation and the loop detection ask of a step.
+#include "interpreter/ProgramStep.h"
+
+#include "interpreter/KelSemantics.h"
+
+#include "metamodel/ActionExpression.h"
+#include "metamodel/AssignmentStatement.h"
+#include "metamodel/EventReference.h"
+#include "metamodel/InternalDeclaration.h"
+#include "metamodel/Kel.h"
+#include "metamodel/PortReference.h"
+#include "metamodel/TreePredicates.h"
+
+#include <stdexcept>
+
+namespace {
+
+bool SameObject(om::Object const* a, om::Object const* b) {
+    return (a == nullptr && b == nullptr) ||
+           (a != nullptr && b != nullptr && a->getOid() == b->getOid());
+}
+
+kel::PortDeclaration const* PortOf(kel::EventInstance const* instance) {
+    auto const* port = instance == nullptr ? nullptr : instance->tryGetPort();
+    return port == nullptr ? nullptr : port->tryGetDeclaration();
+}
+
+bool IsBetween(ProgramStep::ProgramStepKind kind, ProgramStep::ProgramStepKind first,
+               ProgramStep::ProgramStepKind last) {
+    return first <= kind && kind <= last;
+}
+
+std::string StatementClassName(kel::BehaviourStatement const& statement) {
+    if (statement.asVariableDeclarationStatement() != nullptr) {
+        return "VariableDeclarationStatement";
+    }
+    if (statement.asGuardedStatement() != nullptr) {
+        return "GuardedStatement";
+    }
+    if (statement.asCompoundStatement() != nullptr) {
+        return "CompoundStatement";
+    }
+    if (statement.asOnEventStatement() != nullptr) {
+        return "OnEventStatement";
+    }
+    if (statement.asAssignmentStatement() != nullptr) {
+        return "AssignmentStatement";
+    }
+    if (statement.asActionStatement() != nullptr) {
+        return "ActionStatement";
+    }
+    if (statement.asIfStatement() != nullptr) {
+        return "IfStatement";
+    }
+    if (statement.asFunctionCallStatement() != nullptr) {
+        return "FunctionCallStatement";
+    }
+    if (statement.asReplyStatement() != nullptr) {
+        return "ReplyStatement";
+    }
+    if (statement.asReturnStatement() != nullptr) {
+        return "ReturnStatement";
+    }
+    return kel::BehaviourStatement::ClassName;
+}
+
+} // namespace
+
+bool ProgramStep::isActionStatement() const {
+    return kind == PSK_Statement && statement != nullptr && KelSemantics::IsAction(*statement);
+}
+
+bool ProgramStep::hasPortEvent() const {
+    return kind == PSK_OnEvent || IsBetween(kind, PSK_Receive, PSK_Release) ||
+           isActionStatement();
+}
+
+kel::PortEvent ProgramStep::getPortEvent() const {
+    auto result = portEvent;
+    if (instance().port != nullptr) {
+        result.port = instance().port;
+    }
+    return result;
+}
+
+kel::PortReturn ProgramStep::getPortReturn() const {
+    auto result = portReturn;
+    if (instance().port != nullptr) {
+        result.port = instance().port;
+    }
+    return result;
+}
+
+kel::EventInstance const* ProgramStep::tryGetEventInstance() const {
+    if (eventInstance != nullptr) {
+        return eventInstance;
+    }
+    return statement == nullptr ? nullptr : kel::tryGetActionEventInstance(*statement);
+}
+
+kel::EventDeclaration const* ProgramStep::tryGetEvent() const {
+    auto const* instance = tryGetEventInstance();
+    return instance == nullptr ? portEvent.event : instance->getEvent().tryGetDeclaration();
+}
+
+kel::PortDeclaration const* ProgramStep::tryGetPort() const {
+    if (instance().port != nullptr) {
+        return instance().port;
+    }
+    if (kind == PSK_OnEvent || kind == PSK_OnEventReturn || kind == PSK_ActionReturn) {
+        return PortOf(eventInstance);
+    }
+    if (isActionStatement()) {
+        return PortOf(tryGetEventInstance());
+    }
+    if (IsBetween(kind, PSK_Receive, PSK_Release)) {
+        return portEvent.port;
+    }
+    return nullptr;
+}
+
+kel::PortDeclaration const& ProgramStep::getPort() const {
+    auto const* port = tryGetPort();
+    if (port == nullptr) {
+        throw std::runtime_error("ProgramStep not associated with a port");
+    }
+    return *port;
+}
+
+ProgramStep::SynchronizationType ProgramStep::getSynchronizationType() const {
+    switch (kind) {
+    case PSK_Statement:
+        return statement != nullptr && KelSemantics::IsEventCallAction(*statement) ? Call : None;
+    case PSK_ThreadEnter:
+        return portEvent.event != nullptr ? Call : None;
+    case PSK_OnEventReturn:
+    case PSK_ActionReturn:
+        return Return;
+    case PSK_Receive:
+    case PSK_Enqueue:
+        return Notification;
+    default:
+        return None;
+    }
+}
+
+bool ProgramStep::isSynchronizationStep() const {
+    switch (kind) {
+    case PSK_Statement:
+        return statement != nullptr && KelSemantics::IsEventCallAction(*statement) &&
+               !KelSemantics::IsInternalAction(*statement);
+    case PSK_Enqueue:
+        return getPortEvent().GetPort().asInternalDeclaration() == nullptr;
+    case PSK_ThreadEnter:
+        return portEvent.event != nullptr;
+    case PSK_Receive:
+    case PSK_OnEventReturn:
+    case PSK_ActionReturn:
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::string ProgramStep::getObservableEventName() const {
+    switch (kind) {
+    case PSK_Receive:
+    case PSK_Enqueue:
+    case PSK_ThreadEnter:
+        return portEvent.str();
+    case PSK_Statement:
+        return isActionStatement() ? portEvent.str() : "PSK_Statement";
+    case PSK_OnEventReturn:
+    case PSK_ActionReturn:
+        return portReturn.str();
+    case PSK_FunctionCall:
+        return "PSK_FunctionCall";
+    case PSK_OnEvent:
+        return "PSK_OnEvent";
+    case PSK_ReturnAssignment:
+        return "PSK_ReturnAssignment";
+    case PSK_Dequeue:
+        return "PSK_Dequeue";
+    case PSK_ThreadExit:
+        return "PSK_ThreadExit";
+    case PSK_Block:
+        return "PSK_Block";
+    case PSK_Release:
+        return "PSK_Release";
+    case PSK_Initialize:
+        return "PSK_Initialize";
+    case PSK_Error:
+        return "PSK_Error";
+    }
+    return {};
+}
+
+std::string ProgramStep::getStepKindName() const {
+    switch (kind) {
+    case PSK_Statement:
+        return StatementClassName(*statement);
+    case PSK_FunctionCall:
+        return "FunctionCall";
+    case PSK_OnEvent:
+        return "OnEvent";
+    case PSK_OnEventReturn:
+        return "OnEventReturn";
+    case PSK_ActionReturn:
+        return "ActionReturn";
+    case PSK_ReturnAssignment:
+        // The diagram's readers know the label by this spelling.
+        return "ReturnAssignement";
+    case PSK_Receive:
+        return "Receive";
+    case PSK_Enqueue:
+        return "Enqueue";
+    case PSK_Dequeue:
+        return "Dequeue";
+    case PSK_ThreadEnter:
+        return "ThreadEnter";
+    case PSK_ThreadExit:
+        return "ThreadExit";
+    case PSK_Block:
+        return "Block";
+    case PSK_Release:
+        return "Release";
+    case PSK_Initialize:
+        return "Initialize";
+    case PSK_Error:
+        return "Error";
+    }
+    return {};
+}
+
+std::string ProgramStep::to_net_string() const {
+    if (hasPortEvent()) {
+        return getPortEvent().str();
+    }
+    if (kind == PSK_OnEventReturn || kind == PSK_ActionReturn) {
+        return getPortReturn().str();
+    }
+    auto const* port = instance().port;
+    return (port == nullptr ? "" : port->getName() + ".") + getObservableEventName();
+}
+
+bool ProgramStep::operator<=(ProgramStep const& b) const {
+    if (this == &b) {
+        return true;
+    }
+    if (kind != b.kind || value.has_value() != b.value.has_value()) {
+        return false;
+    }
+    if (value.has_value() && value->get() != b.value->get()) {
+        return false;
+    }
+    if (!SameObject(statement, b.statement) || !SameObject(eventInstance, b.eventInstance) ||
+        !SameObject(functionCall, b.functionCall) || hasPortEvent() != b.hasPortEvent()) {
+        return false;
+    }
+    if (hasPortEvent()) {
+        auto const mine = getPortEvent();
+        auto const theirs = b.getPortEvent();
+        if (mine.port != theirs.port || mine.event != theirs.event) {
+            return false;
+        }
+    }
+    return stateVector <= b.stateVector;
+}
