@@ -2,17 +2,14 @@
 // to return.
 #include "interpreter/ModelState.h"
 
+#include "interpreter/StatementQueries.h"
+
 #include "metamodel/PortReference.h"
 
 #include <algorithm>
 #include <stdexcept>
 
 namespace {
-
-kel::PortDeclaration const* PortOf(kel::EventInstance const& instance) {
-    auto const* port = instance.tryGetPort();
-    return port == nullptr ? nullptr : port->tryGetDeclaration();
-}
 
 kel::PortEvent WithPort(kel::EventInstance const& instance) {
     kel::PortEvent event(instance);

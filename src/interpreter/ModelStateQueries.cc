@@ -1,21 +1,19 @@
 // Every question that can be asked of a state.
 #include "interpreter/ModelState.h"
 
+#include "interpreter/StatementQueries.h"
+
 #include "interpreter/KelSemantics.h"
 
 #include "metamodel/ComponentDeclaration.h"
 #include "metamodel/EventSets.h"
+#include "metamodel/Kel.h"
 #include "metamodel/PortReference.h"
 #include "metamodel/TreePredicates.h"
 
 #include <sstream>
 
 namespace {
-
-kel::PortDeclaration const* PortOf(kel::EventInstance const& instance) {
-    auto const* port = instance.tryGetPort();
-    return port == nullptr ? nullptr : port->tryGetDeclaration();
-}
 
 void AppendNames(std::vector<std::string>& names, kel::PortEventVec const& events) {
     for (auto const& event : events) {

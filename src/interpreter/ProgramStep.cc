@@ -64,7 +64,7 @@ ProgramStepPtr WithInstance(Step::ProgramStepKind kind, kel::EventInstance const
     return step;
 }
 
-ProgramStepPtr Return(Step::ProgramStepKind kind, kel::EventInstance const& instance,
+ProgramStepPtr WithReturn(Step::ProgramStepKind kind, kel::EventInstance const& instance,
                       StateVariableValue const* value, Step::SV sv, Step::AE ae) {
     auto step = WithInstance(kind, instance, sv, ae);
     step->portReturn = ReturnOf(instance, value);
@@ -111,21 +111,21 @@ ProgramStepPtr ProgramStep::OnEvent(kel::EventInstance const& instance, SV sv, A
 }
 
 ProgramStepPtr ProgramStep::OnEventVoidReturn(kel::EventInstance const& instance, SV sv, AE ae) {
-    return Return(PSK_OnEventReturn, instance, nullptr, sv, ae);
+    return WithReturn(PSK_OnEventReturn, instance, nullptr, sv, ae);
 }
 
 ProgramStepPtr ProgramStep::OnEventValuedReturn(kel::EventInstance const& instance,
                                                 StateVariableValue const& value, SV sv, AE ae) {
-    return Return(PSK_OnEventReturn, instance, &value, sv, ae);
+    return WithReturn(PSK_OnEventReturn, instance, &value, sv, ae);
 }
 
 ProgramStepPtr ProgramStep::ActionVoidReturn(kel::EventInstance const& instance, SV sv, AE ae) {
-    return Return(PSK_ActionReturn, instance, nullptr, sv, ae);
+    return WithReturn(PSK_ActionReturn, instance, nullptr, sv, ae);
 }
 
 ProgramStepPtr ProgramStep::ActionValuedReturn(kel::EventInstance const& instance,
                                                StateVariableValue const& value, SV sv, AE ae) {
-    return Return(PSK_ActionReturn, instance, &value, sv, ae);
+    return WithReturn(PSK_ActionReturn, instance, &value, sv, ae);
 }
 
 ProgramStepPtr ProgramStep::ValuedReturnAssignment(kel::BehaviourStatement const& statement,

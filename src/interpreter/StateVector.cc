@@ -100,16 +100,20 @@ void StateVector::DeclareStateVariable(kel::VariableDeclaration const& variable)
 
 void StateVector::AssignStateVariable(kel::VariableDeclaration const& variable,
                                       StateVariableValue const& value) {
-    if (kel::IsStateVariable(variable)) {
-        setValue(variable.getOid(), value.clone());
-        applyRangeRule(variable);
-    }
+    AssignStateVariable(variable, value.clone());
 }
 
 void StateVector::AssignStateVariable(kel::VariableDeclaration const& variable,
                                       kel::Expression const& expression) {
     if (kel::IsStateVariable(variable)) {
-        setValue(variable.getOid(), EvaluateExpression(expression));
+        AssignStateVariable(variable, EvaluateExpression(expression));
+    }
+}
+
+void StateVector::AssignStateVariable(kel::VariableDeclaration const& variable,
+                                      StateVariableValuePtr value) {
+    if (kel::IsStateVariable(variable)) {
+        setValue(variable.getOid(), std::move(value));
         applyRangeRule(variable);
     }
 }

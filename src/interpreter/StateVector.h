@@ -64,6 +64,8 @@ public:
                              StateVariableValue const& value);
     void AssignStateVariable(kel::VariableDeclaration const& variable,
                              kel::Expression const& expression);
+    // Takes the value, which may be null: a variable left without value.
+    void AssignStateVariable(kel::VariableDeclaration const& variable, StateVariableValuePtr value);
 
     // A new value, or null for a variable without value.
     StateVariableValuePtr EvaluateExpression(kel::Expression const& expression) const;

@@ -169,9 +169,13 @@ TEST(ModelStateTest, AQueueKeepsAComponentRunningAfterTheTrace) {
     EXPECT_TRUE(state.IsQueued());
     EXPECT_EQ(state.GetQueuePort(), &Source().port("C", "r"));
     EXPECT_FALSE(state.isProgramExecutionStopped());
-    // A fired request is no input: it does not keep the state going.
+    // A fired request is worked off too.
     state.stateVector.queue = {"t.ack"};
-    EXPECT_TRUE(state.isProgramExecutionStopped());
+    EXPECT_FALSE(state.isProgramExecutionStopped());
+    // The delay line of an external port holds what it sends: no input.
+    ModelState external(Source().runOfPort("C", "r"), {});
+    external.stateVector.queue = {"o"};
+    EXPECT_TRUE(external.isProgramExecutionStopped());
 }
 
 TEST(ModelStateTest, PrintDescribesTheState) {

@@ -7,6 +7,7 @@
 #include "metamodel/EnumTypeDeclaration.h"
 #include "metamodel/InterfaceDeclaration.h"
 #include "metamodel/Kel.h"
+#include "metamodel/TreePredicates.h"
 
 #include <gtest/gtest.h>
 

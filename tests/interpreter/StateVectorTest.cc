@@ -29,11 +29,11 @@ interface E {
     in void e();
     in void g();
     in bool v();
+    out void o();
     behaviour {
         Color c = Color.green;
         Small s = 1;
         bool t = true;
-        Msg m = $0$;
         on e: {
             Small three = s + 2;
             Small zero = three - 3;
@@ -54,6 +54,7 @@ interface E {
             Small big = s + 3;
         }
         on v: reply(true);
+        on optional: o;
     }
 }
 component C {
@@ -62,11 +63,14 @@ component C {
     requires external E x;
     behaviour {
         bool b = false;
+        Msg m = $0$;
         void f(E.Small n) { E.Small k = n; }
         [b] on p.e(): {}
         [otherwise] on p.g(): {}
-        [otherwise] on r.g(): {}
-        [!b] on x.e(): {}
+        [!b] {
+            [b] on r.o(): {}
+            [otherwise] on x.o(): {}
+        }
     }
 }
 component D {
@@ -116,7 +120,7 @@ kel::EnumValueDeclaration const& EnumValue(std::string const& type, std::string 
 TEST(StateVectorTest, EvaluatesEveryKindOfExpression) {
     StateVector vector(Source().run("E"));
     Declare(vector, BodyOf(Source().model("E"), 0));
-    // The inner frame first; a data variable has no value of its own.
+    // The inner frame first.
     EXPECT_THAT(vector.ToVarValPairVec(),
                 ElementsAre(Pair("three", "3"), Pair("zero", "0"), Pair("f", "false"),
                             Pair("less", "true"), Pair("lessEqual", "false"),
@@ -189,47 +193,49 @@ TEST(StateVectorTest, ACopySharesNoValue) {
 std::vector<std::string> GuardTexts(kel::ConstGuardedStatementVec const& statements) {
     std::vector<std::string> texts;
     for (auto const* statement : statements) {
-        auto const& on = *statement->getStatement().asOnEventStatement();
-        texts.push_back(on.getEvents()[0]->getName());
+        auto const* on = statement->getStatement().asOnEventStatement();
+        texts.push_back(on == nullptr ? "{}" : on->getEvents()[0]->getName());
     }
     return texts;
 }
 
 TEST(StateVectorTest, OtherwiseGuardsCountOnlyWhenNoGuardHolds) {
-    auto const& statements = Source().model("C").getBehaviour().getStatement().getStatements();
+    auto const& top = Source().model("C").getBehaviour().getStatement().getStatements();
+    auto const& nested = top[2]->asGuardedStatement()->getStatement().asCompoundStatement()
+                             ->getStatements();
     auto const& b = *Source().model("C").getBehaviour().getVariables()[0];
     StateVector vector(Source().run("C"));
-    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(statements)), ElementsAre("x.e"));
+    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(top)), ElementsAre("{}"));
     vector.AssignStateVariable(b, BoolStateVariableValue(true));
-    // Two guards hold nowhere now but in the first: both `otherwise` stay out.
-    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(statements)), ElementsAre("p.e"));
-    kel::ConstBehaviourStatementVec const otherwiseOnly(statements.begin() + 1,
-                                                        statements.begin() + 3);
-    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(otherwiseOnly)),
-                ElementsAre("p.g", "r.g"));
-    kel::ConstBehaviourStatementVec const falseOnly(statements.begin() + 3, statements.end());
+    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(top)), ElementsAre("p.e"));
+    // However many there are, in order.
+    kel::ConstBehaviourStatementVec const otherwise{top[1], nested[1]};
+    EXPECT_THAT(GuardTexts(vector.passableGuardedStatements(otherwise)), ElementsAre("p.g", "x.o"));
+    kel::ConstBehaviourStatementVec const falseOnly{top[2]};
     EXPECT_TRUE(vector.passableGuardedStatements(falseOnly).empty());
 }
 
-TEST(StateVectorTest, ArmedGuardsAreTheGuardsThatHold) {
+TEST(StateVectorTest, ArmedGuardsAreTheGuardsThatHoldDownToTheEvents) {
+    auto const& top = Source().model("C").getBehaviour().getStatement().getStatements();
+    auto const& outer = *top[2]->asGuardedStatement();
+    auto const& nested = outer.getStatement().asCompoundStatement()->getStatements();
     StateVector vector(Source().run("C"));
-    auto const guards = vector.ArmedGuards();
-    auto const& statements = Source().model("C").getBehaviour().getStatement().getStatements();
-    ASSERT_EQ(guards.size(), 1u);
-    EXPECT_EQ(guards[0], &statements[3]->asGuardedStatement()->getGuard());
+    EXPECT_THAT(vector.ArmedGuards(),
+                ElementsAre(&outer.getGuard(), &nested[1]->asGuardedStatement()->getGuard()));
 }
 
 TEST(StateVectorTest, TheQueueShowsWhereTheRunHasOne) {
     StateVector component(Source().run("C"));
+    // A data variable has no value of its own.
     EXPECT_THAT(component.ToVarValPairVec(),
                 ElementsAre(Pair("receive.queue", ""), Pair("b", "false")));
     component.queue = {"r.e", "p.g"};
     EXPECT_EQ(component.getQueueFront(), "r.e");
-    EXPECT_EQ(component.ToVarValPairVec().front(), Pair("receive.queue", "r.e, p.g"));
+    EXPECT_THAT(component.ToVarValPairVec().front(), Pair("receive.queue", "r.e, p.g"));
 
     StateVector external(Source().runOfPort("C", "x"));
     external.queue = {"e"};
-    EXPECT_EQ(external.ToVarValPairVec().front(), Pair("external.delay", "e"));
+    EXPECT_THAT(external.ToVarValPairVec().front(), Pair("external.delay", "e"));
     EXPECT_EQ(external.getQueueFront(), "e");
 
     StateVector required(Source().runOfPort("C", "r"));

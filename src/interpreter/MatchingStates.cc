@@ -1,0 +1,194 @@
+#include "interpreter/MatchingStates.h"
+
+#include "metamodel/ComponentDeclaration.h"
+#include "metamodel/EventSets.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+void FileDeadEnd(ModelStatePtr state, ModelStates const& solutions, ModelStates& partials) {
+    if (!solutions.empty()) {
+        partials.clear();
+        return;
+    }
+    if (!partials.empty()) {
+        auto const best = partials.back()->namedEventIndex;
+        if (state->namedEventIndex < best) {
+            return;
+        }
+        if (state->namedEventIndex > best) {
+            partials.clear();
+        }
+    }
+    partials.push_back(std::move(state));
+}
+
+// Files every descendant of `state`, depth first in the order of the forks:
+// solutions and errors in `solutions`, the dead ends that got furthest in
+// `partials` while nothing else is found. The walk keeps its own stack, so
+// that a long trace with a fork at every entry cannot exhaust the process's,
+// and a state is let go as soon as it has forked.
+void CompleteMatchingStates(ModelStatePtr state, ModelStates& solutions, ModelStates& partials) {
+    ModelStates pending;
+    pending.push_back(std::move(state));
+    while (!pending.empty()) {
+        auto current = std::move(pending.back());
+        pending.pop_back();
+        current->runToNextBranchPoint();
+        if (current->IsSolution() || current->isProgramError) {
+            solutions.push_back(std::move(current));
+        } else if (!current->isStopped) {
+            auto continuations = current->GetContinuations();
+            current.reset();
+            std::move(continuations.rbegin(), continuations.rend(), std::back_inserter(pending));
+        } else {
+            FileDeadEnd(std::move(current), solutions, partials);
+        }
+    }
+}
+
+bool isEligible(ModelState const& state, std::string const& name) {
+    ModelStates solutions;
+    ModelStates partials;
+    CompleteMatchingStates(std::make_unique<ModelState>(state, name), solutions, partials);
+    return !solutions.empty() &&
+           std::none_of(solutions.begin(), solutions.end(),
+                        [](auto const& solution) { return solution->IsIllegal(); });
+}
+
+std::set<std::string> getEligible(ModelInstancePtr const& instance, Names const& trace) {
+    std::set<std::string> eligible;
+    auto const states = MatchingStates(instance, trace);
+    if (states.front()->isProgramError) {
+        return eligible;
+    }
+    for (auto state = states.rbegin(); state != states.rend(); ++state) {
+        for (auto const& name : (*state)->EnabledEventNames()) {
+            if (isEligible(**state, name)) {
+                eligible.insert(name);
+            }
+        }
+    }
+    return eligible;
+}
+
+Names filter(Names const& names, std::string const& portName) {
+    Names kept;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(kept),
+                 [&](auto const& name) { return name.starts_with(portName + "."); });
+    return kept;
+}
+
+Names strip(Names const& names, std::string const& portName) {
+    Names stripped;
+    for (auto const& name : names) {
+        stripped.push_back(name.starts_with(portName + ".") ? name.substr(portName.size() + 1)
+                                                            : name);
+    }
+    return stripped;
+}
+
+std::set<std::string> addName(std::set<std::string> const& names, std::string const& portName) {
+    std::set<std::string> named;
+    for (auto const& name : names) {
+        named.insert(portName + "." + name);
+    }
+    return named;
+}
+
+// What the protocol of `port` allows next, after its part of the trace.
+std::set<std::string> EligibleOnPort(kel::PortDeclaration const& port, Names const& trace) {
+    auto const& name = port.getName();
+    auto const run = std::make_shared<ModelInstance const>(port);
+    return addName(getEligible(run, strip(filter(trace, name), name)), name);
+}
+
+bool IsOccupiedPort(kel::PortDeclaration const& port, Names const& trace) {
+    auto const& name = port.getName();
+    return IsModelOccupied(std::make_shared<ModelInstance const>(port),
+                           strip(filter(trace, name), name));
+}
+
+std::set<std::string> EligibleEventsOfComponent(ModelInstancePtr const& instance,
+                                                Names const& trace) {
+    std::set<std::string> eligible;
+    auto const states = MatchingStates(instance, trace);
+    auto const& state = *states.front();
+    if (state.isProgramError) {
+        return eligible;
+    }
+    if (state.IsIdle()) {
+        for (auto const* port : state.GetOpenPorts()) {
+            auto const allowed = EligibleOnPort(*port, trace);
+            for (auto const& event : kel::InputEvents(*port)) {
+                if (allowed.contains(event.str())) {
+                    eligible.insert(event.str());
+                }
+            }
+        }
+        if (state.stateVector.queue.empty() && !state.armedPorts.empty()) {
+            for (auto const& name : getEligible(instance, trace)) {
+                if (instance->isOutputEvent(name)) {
+                    eligible.insert(name);
+                }
+            }
+        }
+        return eligible;
+    }
+    if (state.activeActionEvent == nullptr) {
+        auto const* port = state.GetActivationPort();
+        if (port != nullptr && port->getDirection() == kel::idirRequired &&
+            IsOccupiedPort(*port, trace)) {
+            return EligibleOnPort(*port, trace);
+        }
+        return getEligible(instance, trace);
+    }
+    auto const* port = state.GetActionPort();
+    return port == nullptr ? eligible : EligibleOnPort(*port, trace);
+}
+
+} // namespace
+
+ModelStates MatchingStates(ModelInstancePtr const& instance, Names const& namedEventTrace) {
+    ModelStates solutions;
+    ModelStates partials;
+    CompleteMatchingStates(std::make_unique<ModelState>(instance, namedEventTrace), solutions,
+                           partials);
+    if (solutions.empty() && !partials.empty()) {
+        partials.front()->PromoteToError();
+        solutions.push_back(std::move(partials.front()));
+    }
+    // Stable, so that among equals the order of discovery always stands.
+    std::stable_sort(solutions.begin(), solutions.end(), [](auto const& a, auto const& b) {
+        return a->namedEventIndex > b->namedEventIndex;
+    });
+    std::stable_partition(solutions.begin(), solutions.end(),
+                          [](auto const& state) { return state->isProgramError; });
+    if (solutions.empty()) {
+        throw std::runtime_error("MatchingStates shall never return empty list");
+    }
+    return solutions;
+}
+
+bool IsModelOccupied(ModelInstancePtr const& instance, Names const& namedEventTrace) {
+    auto const states = MatchingStates(instance, namedEventTrace);
+    return !states.front()->isProgramError &&
+           std::all_of(states.begin(), states.end(),
+                       [](auto const& state) { return state->isActive; });
+}
+
+std::set<std::string> EligibleEvents(ModelInstancePtr const& instance,
+                                     Names const& namedEventTrace) {
+    auto const& model = *instance->model;
+    if (model.asInterfaceDeclaration() != nullptr) {
+        return getEligible(instance, namedEventTrace);
+    }
+    if (model.asComponentDeclaration() != nullptr) {
+        return EligibleEventsOfComponent(instance, namedEventTrace);
+    }
+    return {};
+}
