@@ -5,7 +5,7 @@
 #pragma once
 
 #include "interpreter/ModelInstance.h"
-#include "interpreter/NamedEventTrace.h"
+#include "interpreter/SharedTrace.h"
 #include "interpreter/Program.h"
 #include "interpreter/ProgramTrace.h"
 #include "interpreter/StateVector.h"
@@ -169,7 +169,7 @@ public:
     bool isProgramError = false;
     std::string message;
     ModelStates continuations;
-    NamedEventTrace namedEventTrace;
+    SharedTrace namedEventTrace;
     std::size_t namedEventIndex = 0;
     std::vector<kel::PortDeclaration const*> armedPorts;
 

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-class NamedEventTrace {
+class SharedTrace {
 public:
-    NamedEventTrace() : shared(std::make_shared<std::vector<std::string> const>()) {}
-    explicit NamedEventTrace(std::vector<std::string> const& entries)
+    SharedTrace() : shared(std::make_shared<std::vector<std::string> const>()) {}
+    explicit SharedTrace(std::vector<std::string> const& entries)
         : shared(std::make_shared<std::vector<std::string> const>(entries)) {}
 
     std::size_t size() const { return shared->size() + own.size(); }
