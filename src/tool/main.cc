@@ -2,11 +2,10 @@
 // writes the first matching sequence diagram as JSON.
 #include "tool/File.h"
 #include "tool/Options.h"
-#include "tool/TraceInput.h"
+#include "tool/RunFlow.h"
 
 #include <exception>
 #include <iostream>
-#include <stdexcept>
 
 namespace {
 
@@ -18,12 +17,13 @@ bool usageRequested(Options const& options) {
 int run(Options const& options) {
     File const file(getOption(options, "modelpath"), getOptionList(options, "includepath"));
     std::string const modelName = getOption(options, "modelname");
-    if (!file.TryGetModel(modelName)) {
+    auto const* model = file.TryGetModel(modelName);
+    if (model == nullptr) {
         std::cerr << "Model '" << modelName << "' not found.\n";
         return 1;
     }
-    throw std::runtime_error("Model '" + modelName +
-                             "' loaded, but running models is not available in this build yet");
+    RunModel(*model, options, std::cin, std::cout);
+    return 0;
 }
 
 } // namespace

@@ -10,6 +10,10 @@
 #include "metamodel/CompoundStatement.h"
 #include "metamodel/ModelDeclaration.h"
 
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -44,9 +48,7 @@ inline std::vector<std::string> Labels(ModelState const& state, std::size_t from
     return labels;
 }
 
-inline ProgramStep const& LastStep(ModelState const& state) {
-    return *state.programTrace->step;
-}
+inline ProgramStep const& LastStep(ModelState const& state) { return *state.programTrace->step; }
 
 // Every state in which the run of `first` ends, depth first in the order of
 // the forks. Unlike the search, it keeps every dead end with its own message.
@@ -69,6 +71,11 @@ inline ModelStates Leaves(ModelStatePtr first) {
     return leaves;
 }
 
+inline ModelStatePtr First(ModelInstancePtr const& instance,
+                           std::vector<std::string> const& trace) {
+    return std::make_unique<ModelState>(instance, trace);
+}
+
 inline ModelStates Leaves(ModelInstancePtr const& instance, std::vector<std::string> const& trace) {
     return Leaves(std::make_unique<ModelState>(instance, trace));
 }
@@ -79,6 +86,30 @@ inline std::vector<std::string> Messages(ModelStates const& states) {
         messages.push_back(state->message);
     }
     return messages;
+}
+
+inline std::string OnLine(int line, std::string const& rest) {
+    return "On event statement on line: " + std::to_string(line) + " does not represent " + rest;
+}
+
+// A run's leaves in fork order: each one's message, empty for a solution,
+// and which of them are program errors rather than dead ends.
+struct LeavesCase {
+    char const* name;
+    char const* model;
+    std::vector<std::string> trace;
+    std::vector<std::string> messages;
+    std::vector<std::size_t> errors;
+};
+
+inline void ExpectLeaves(ModelStates const& leaves, LeavesCase const& expected) {
+    EXPECT_THAT(Messages(leaves), testing::ElementsAreArray(expected.messages));
+    for (std::size_t i = 0; i < leaves.size(); ++i) {
+        bool const error =
+            std::find(expected.errors.begin(), expected.errors.end(), i) != expected.errors.end();
+        EXPECT_EQ(leaves[i]->isProgramError, error) << leaves[i]->message;
+        EXPECT_EQ(leaves[i]->isStopped, !leaves[i]->message.empty()) << leaves[i]->message;
+    }
 }
 
 // The statements at the top level of a model's behaviour, in source order.
