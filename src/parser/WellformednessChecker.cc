@@ -66,7 +66,7 @@ bool WellformednessChecker::checkWellformednessFunction(kel::FunctionDeclaration
         return ok;
     }
     return report(function,
-                  "Function does not return a value in all cases: " + function.getName()) &&
+                  "Function does not return a value in all cases: " + q(function.getName())) &&
            ok;
 }
 

@@ -61,12 +61,13 @@ bool WellformednessChecker::checkWellformednessInterface(
         }
     }
     if (!interface.hasEvents()) {
-        ok = report(interface, "Interface must define at least one event: " + interface.getName());
+        ok = report(interface,
+                    "Interface must define at least one event: " + q(interface.getName()));
     }
     if (kel::Behaviour const* behaviour = interface.tryGetBehaviour()) {
         ok = checkWellformednessBehaviour(*behaviour) && ok;
     } else {
-        ok = report(interface, "Interface must define behaviour: " + interface.getName());
+        ok = report(interface, "Interface must define behaviour: " + q(interface.getName()));
     }
     for (kel::EventDeclaration const* event : interface.getEventsVec()) {
         ok = checkEventDeclaration(*event) && ok;
@@ -80,23 +81,23 @@ bool WellformednessChecker::checkEventDeclaration(kel::EventDeclaration const& e
     for (kel::ParameterDeclaration const* parameter : parameters) {
         kel::TypeReference const& type = parameter->getType();
         if (type.hasDeclaration() && type.getDeclaration().asDataTypeDeclaration() == nullptr) {
-            ok = report(type, "Parameter type must be a data type.: " + type.getName());
+            ok = report(type, "Parameter type must be a data type.: " + q(type.getName()));
         }
     }
     if (event.getDirection() != kel::edirOut) {
         return ok;
     }
     if (event.hasReturnType()) {
-        ok =
-            report(event, "Out Event with non void return type is not allowed: " + event.getName());
+        ok = report(event,
+                    "Out Event with non void return type is not allowed: " + q(event.getName()));
     }
     for (kel::ParameterDeclaration const* parameter : parameters) {
         if (parameter->getDirection() == kel::pdirOut) {
             ok = report(*parameter,
-                        "Out Parameter is not allowed for out Event: " + parameter->getName());
+                        "Out Parameter is not allowed for out Event: " + q(parameter->getName()));
         } else if (parameter->getDirection() == kel::pdirInOut) {
             ok = report(*parameter,
-                        "Inout Parameter is not allowed for out Event: " + parameter->getName());
+                        "Inout Parameter is not allowed for out Event: " + q(parameter->getName()));
         }
     }
     return ok;
@@ -111,11 +112,11 @@ bool WellformednessChecker::checkWellformednessComponent(
     bool ok = true;
     if (m_triggers.empty()) {
         ok = report(component, "Component with behaviour needs at least one trigger event: " +
-                                   component.getName());
+                                   q(component.getName()));
     }
     if (providedPorts(component).empty()) {
         ok = report(component, "Component with behaviour must have at least one provides port: " +
-                                   component.getName());
+                                   q(component.getName()));
     }
     return checkWellformednessBehaviour(*behaviour) && ok;
 }
@@ -125,7 +126,7 @@ bool WellformednessChecker::checkWellformednessInternal(kel::InternalDeclaration
     for (kel::ParameterDeclaration const* parameter : internal.getParametersVec()) {
         if (parameter->getDirection() != kel::pdirIn) {
             ok = report(*parameter,
-                        "Only 'in' parameters are allowed here: " + parameter->getName());
+                        "Only 'in' parameters are allowed here: " + q(parameter->getName()));
         }
     }
     return ok;
@@ -140,7 +141,7 @@ bool WellformednessChecker::checkInjectedPorts(kel::ComponentDeclaration const& 
         }
         for (kel::EventDeclaration const* event : interface->getEventsVec()) {
             if (event->getDirection() == kel::edirOut) {
-                ok = report(*port, "Injected Port has out event: " + port->getName());
+                ok = report(*port, "Injected Port has out event: " + q(port->getName()));
                 break;
             }
         }

@@ -228,14 +228,14 @@ bool WellformednessChecker::checkDirection(kel::BehaviourStatement const& statem
         bool ok = true;
         for (kel::EventInstance const* event : on->getEventsVec()) {
             if (!isTrigger(*event)) {
-                ok = report(*event, "Event is not a valid trigger: " + event->getName());
+                ok = report(*event, "Event is not a valid trigger: " + q(event->getName()));
             }
         }
         return ok;
     }
     kel::EventInstance const* action = kel::tryGetActionEventInstance(statement);
     if (action != nullptr && isTrigger(*action)) {
-        return report(*action, "Event is not an action: " + action->getName());
+        return report(*action, "Event is not an action: " + q(action->getName()));
     }
     return true;
 }

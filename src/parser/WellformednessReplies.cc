@@ -90,7 +90,7 @@ bool WellformednessChecker::checkReply(kel::BehaviourStatement const& statement)
 bool WellformednessChecker::checkReplyPort(kel::ReplyStatement const& reply) {
     if (kel::PortReference const* port = reply.tryGetPort()) {
         if (port->hasDeclaration() && port->getDeclaration().getDirection() == kel::idirRequired) {
-            return report(reply, "Reply not allowed on 'requires' Port: " + port->getName());
+            return report(reply, "Reply not allowed on 'requires' Port: " + q(port->getName()));
         }
         return true;
     }
@@ -135,7 +135,7 @@ bool WellformednessChecker::checkReplyType(kel::ReplyStatement const& reply) {
                         return returned != nullptr && returned->hasDeclaration() &&
                                isEqualType(returned->getDeclaration(), *type);
                     }) ||
-           report(reply, "Reply type does not match any event type: " + type->getName());
+           report(reply, "Reply type does not match any event type: " + q(type->getName()));
 }
 
 } // namespace language

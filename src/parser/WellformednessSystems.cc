@@ -45,7 +45,7 @@ bool WellformednessChecker::checkMissingBindings(kel::System const& system) {
     auto const& owner = om::AsType<kel::ComponentDeclaration>(*system.getParent());
     for (kel::PortDeclaration const* port : owner.getPortsVec()) {
         if (!bound.contains(port->getOid())) {
-            ok = report(*port, "Port is not bound: " + port->getName());
+            ok = report(*port, "Port is not bound: " + q(port->getName()));
         }
     }
     for (kel::ComponentInstanceDeclaration const* instance : system.getInstancesVec()) {
@@ -164,7 +164,7 @@ bool WellformednessChecker::checkBindingExternal(kel::InterfaceInstance const& s
         return true;
     }
     return report(side.getPort(),
-                  "External port must be bound to external port: " + port->getName());
+                  "External port must be bound to external port: " + q(port->getName()));
 }
 
 bool WellformednessChecker::checkCycles(kel::System const& system) {
@@ -172,7 +172,8 @@ bool WellformednessChecker::checkCycles(kel::System const& system) {
     bool ok = true;
     for (kel::ComponentInstanceDeclaration const* instance : system.getInstancesVec()) {
         if (graph.isCyclic(*instance)) {
-            ok = report(*instance, "Component is part of a cyclic binding: " + instance->getName());
+            ok = report(*instance,
+                        "Component is part of a cyclic binding: " + q(instance->getName()));
         }
     }
     return ok;
@@ -181,7 +182,7 @@ bool WellformednessChecker::checkCycles(kel::System const& system) {
 bool WellformednessChecker::checkRecursiveNesting(kel::ComponentDeclaration const& component) {
     kel::System const& system = component.getSystem();
     return !SystemGraph(system).isRecursive(system) ||
-           report(component, "System composition is recursive: " + component.getName());
+           report(component, "System composition is recursive: " + q(component.getName()));
 }
 
 } // namespace language

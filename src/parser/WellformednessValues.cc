@@ -35,14 +35,14 @@ bool WellformednessChecker::checkValued(kel::BehaviourStatement const& statement
     if (kel::ActionStatement const* action = statement.asActionStatement()) {
         kel::EventInstance const& event = action->getExpression().getEvent();
         return !hasReturnType(event) ||
-               report(statement, "Action value discarded: " + event.getName());
+               report(statement, "Action value discarded: " + q(event.getName()));
     }
     if (kel::FunctionCallStatement const* call = statement.asFunctionCallStatement()) {
         kel::FunctionCallExpression const& expression = call->getExpression();
         kel::FunctionDeclaration const* function = expression.getFunction().tryGetDeclaration();
         bool ok =
             function == nullptr || !function->hasReturnType() ||
-            report(statement, "Function value discarded: " + expression.getFunction().getName());
+            report(statement, "Function value discarded: " + q(expression.getFunction().getName()));
         for (kel::Expression const* argument : expression.getArgumentsVec()) {
             ok = checkValuedExpr(*argument) && ok;
         }
@@ -101,11 +101,11 @@ bool WellformednessChecker::checkValuedExpr(kel::Expression const& expression) {
 bool WellformednessChecker::checkConstExpr(kel::Expression const& expression) {
     if (kel::VariableExpression const* variable = expression.asVariableExpression()) {
         return report(expression,
-                      "Constant expression expected: " + variable->getVariable().getName());
+                      "Constant expression expected: " + q(variable->getVariable().getName()));
     }
     if (auto const* enumVariable = expression.asEnumVariableValueExpression()) {
         return report(expression,
-                      "Constant expression expected: " + enumVariable->getVariable().getName());
+                      "Constant expression expected: " + q(enumVariable->getVariable().getName()));
     }
     if (isLeafExpression(expression) || expression.asAssignmentExpression() != nullptr ||
         expression.asFunctionCallExpression() != nullptr) {

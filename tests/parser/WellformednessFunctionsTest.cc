@@ -25,7 +25,7 @@ component C {
   }
 }
 )kel",
-                               {wf(6, 10, "Function does not return a value in all cases: f")}},
+                               {wf(6, 10, "Function does not return a value in all cases: 'f'")}},
                     SourceCase{"ReturnOutsideFunctions",
                                SERVICE R"kel(
 component C {
@@ -76,7 +76,7 @@ interface I {
   }
 }
 )kel",
-                               {wf(7, 11, "Reply type does not match any event type: E"),
+                               {wf(7, 11, "Reply type does not match any event type: 'E'"),
                                 wf(8, 11, "Void Reply type does not match any event type")}},
                     SourceCase{"RepliesWithOneProvidedPort",
                                R"kel(
@@ -92,7 +92,7 @@ component C {
   }
 }
 )kel",
-                               {wf(9, 15, "Reply not allowed on 'requires' Port: r")}},
+                               {wf(9, 15, "Reply not allowed on 'requires' Port: 'r'")}},
                     SourceCase{"RepliesWithTwoProvidedPorts",
                                R"kel(
 interface I { in void e(); out void o(); behaviour { on e: {} } }
@@ -116,7 +116,7 @@ component C {
                                 wf(9, 15,
                                    "Reply without port is not allowed for an 'out' event when "
                                    "multiple 'provides' ports are present"),
-                                wf(11, 15, "Reply type does not match any event type: bool")}}),
+                                wf(11, 15, "Reply type does not match any event type: 'bool'")}}),
     caseName);
 
 INSTANTIATE_TEST_SUITE_P(Modeling, SourceErrorsTest,

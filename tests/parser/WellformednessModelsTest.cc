@@ -29,12 +29,12 @@ interface J { }
 interface K { out void o(); behaviour { } }
 )kel",
                    {wf(2, 8, "Minimum version must not be smaller than maximum value"),
-                    wf(4, 18, "Parameter type must be a data type.: S"),
-                    wf(5, 7, "Out Event with non void return type is not allowed: o"),
-                    wf(5, 18, "Out Parameter is not allowed for out Event: d"),
-                    wf(5, 29, "Inout Parameter is not allowed for out Event: f"),
-                    wf(8, 11, "Interface must define at least one event: J"),
-                    wf(8, 11, "Interface must define behaviour: J")}},
+                    wf(4, 18, "Parameter type must be a data type.: 'S'"),
+                    wf(5, 7, "Out Event with non void return type is not allowed: 'o'"),
+                    wf(5, 18, "Out Parameter is not allowed for out Event: 'd'"),
+                    wf(5, 29, "Inout Parameter is not allowed for out Event: 'f'"),
+                    wf(8, 11, "Interface must define at least one event: 'J'"),
+                    wf(8, 11, "Interface must define behaviour: 'J'")}},
         SourceCase{"Components",
                    R"kel(
 interface I { in void e(); behaviour { on e: {} } }
@@ -43,9 +43,9 @@ component B { provides I B; }
 component D { }
 component E { provides I p; behaviour { bool E = true; enum A { E }; on p.e(): {} } }
 )kel",
-                   {wf(2, 11, "Component with behaviour needs at least one trigger event: A"),
-                    wf(2, 11, "Component with behaviour must have at least one provides port: A"),
-                    wf(2, 59, "Event is not a valid trigger: r.e"),
+                   {wf(2, 11, "Component with behaviour needs at least one trigger event: 'A'"),
+                    wf(2, 11, "Component with behaviour must have at least one provides port: 'A'"),
+                    wf(2, 59, "Event is not a valid trigger: 'r.e'"),
                     wf(3, 26, "Port name must not be equal to model name: 'B'"),
                     wf(5, 46, "Variable name must not be equal to model name: 'E'")}},
         SourceCase{"TypesOfABehaviour",
@@ -76,9 +76,9 @@ component C {
   }
 }
 )kel",
-                   {wf(8, 14, "Out Parameter is not allowed for out Event: y"),
-                    wf(6, 23, "Injected Port has out event: t"),
-                    wf(8, 33, "Only 'in' parameters are allowed here: y")}}),
+                   {wf(8, 14, "Out Parameter is not allowed for out Event: 'y'"),
+                    wf(6, 23, "Injected Port has out event: 't'"),
+                    wf(8, 33, "Only 'in' parameters are allowed here: 'y'")}}),
     caseName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -95,7 +95,7 @@ component M {
   }
 }
 )kel",
-                   {wf(5, 14, "Port is not bound: q"), wf(7, 5, "Port is not bound: 'a.r'")}},
+                   {wf(5, 14, "Port is not bound: 'q'"), wf(7, 5, "Port is not bound: 'a.r'")}},
         SourceCase{"DoubleBindings",
                    LEAF R"kel(
 component M {
@@ -176,7 +176,7 @@ component X {
   }
 }
 )kel",
-                   {wf(9, 13, "External port must be bound to external port: q")}},
+                   {wf(9, 13, "External port must be bound to external port: 'q'")}},
         SourceCase{"CyclesThroughRequiredPorts",
                    LEAF R"kel(
 component Dual {
@@ -200,10 +200,10 @@ component Y {
   }
 }
 )kel",
-                   {wf(12, 5, "Component is part of a cyclic binding: a"),
-                    wf(13, 5, "Component is part of a cyclic binding: b"),
-                    wf(14, 5, "Component is part of a cyclic binding: c"),
-                    wf(15, 5, "Component is part of a cyclic binding: d")}}),
+                   {wf(12, 5, "Component is part of a cyclic binding: 'a'"),
+                    wf(13, 5, "Component is part of a cyclic binding: 'b'"),
+                    wf(14, 5, "Component is part of a cyclic binding: 'c'"),
+                    wf(15, 5, "Component is part of a cyclic binding: 'd'")}}),
     caseName);
 
 } // namespace

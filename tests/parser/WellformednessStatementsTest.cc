@@ -114,9 +114,10 @@ component C {
                    {}}),
     caseName);
 
-INSTANTIATE_TEST_SUITE_P(TriggersAndActions, SourceErrorsTest,
-                         testing::Values(SourceCase{"InterfaceSendsOutAndReactsToIn",
-                                                    R"kel(
+INSTANTIATE_TEST_SUITE_P(
+    TriggersAndActions, SourceErrorsTest,
+    testing::Values(SourceCase{"InterfaceSendsOutAndReactsToIn",
+                               R"kel(
 interface I {
   in void e();
   out void o();
@@ -126,10 +127,10 @@ interface I {
   }
 }
 )kel",
-                                                    {wf(5, 8, "Event is not a valid trigger: o"),
-                                                     wf(5, 11, "Event is not an action: e")}},
-                                         SourceCase{"ComponentPorts",
-                                                    SERVICE R"kel(
+                               {wf(5, 8, "Event is not a valid trigger: 'o'"),
+                                wf(5, 11, "Event is not an action: 'e'")}},
+                    SourceCase{"ComponentPorts",
+                               SERVICE R"kel(
 component C {
   provides I p;
   requires I r;
@@ -140,18 +141,17 @@ component C {
   }
 }
 )kel",
-                                                    {wf(6, 8, "Event is not a valid trigger: p.o"),
-                                                     wf(7, 15, "Event is not an action: p.e")}},
-                                         SourceCase{
-                                             "OnlyOutEventsMeanNoTriggers",
-                                             R"kel(
+                               {wf(6, 8, "Event is not a valid trigger: 'p.o'"),
+                                wf(7, 15, "Event is not an action: 'p.e'")}},
+                    SourceCase{"OnlyOutEventsMeanNoTriggers",
+                               R"kel(
 interface I {
   out void o();
   behaviour { on o: {} }
 }
 )kel",
-                                             {wf(3, 18, "Event is not a valid trigger: o")}}),
-                         caseName);
+                               {wf(3, 18, "Event is not a valid trigger: 'o'")}}),
+    caseName);
 
 INSTANTIATE_TEST_SUITE_P(
     Values, SourceErrorsTest,
@@ -168,7 +168,7 @@ interface I {
 )kel",
                                {wf(6, 27, "Function calls are not allowed here"),
                                 wf(6, 44, "Function calls are not allowed here"),
-                                wf(6, 51, "Function value discarded: f")}},
+                                wf(6, 51, "Function value discarded: 'f'")}},
                     SourceCase{"TopOfAnElseBranchIsCheckedTwice",
                                R"kel(
 interface I {
@@ -180,9 +180,9 @@ interface I {
   }
 }
 )kel",
-                               {wf(6, 18, "Function value discarded: f"),
-                                wf(6, 29, "Function value discarded: f"),
-                                wf(6, 29, "Function value discarded: f")}},
+                               {wf(6, 18, "Function value discarded: 'f'"),
+                                wf(6, 29, "Function value discarded: 'f'"),
+                                wf(6, 29, "Function value discarded: 'f'")}},
                     SourceCase{"ActionValues",
                                R"kel(
 interface I { in bool e(); behaviour { on e: reply(true); } }
@@ -195,7 +195,7 @@ component C {
   }
 }
 )kel",
-                               {wf(7, 28, "Action value discarded: r.e"),
+                               {wf(7, 28, "Action value discarded: 'r.e'"),
                                 wf(7, 40, "Actions are not allowed here")}},
                     SourceCase{"InitialValuesAreConstant",
                                R"kel(
@@ -212,8 +212,8 @@ interface I {
   }
 }
 )kel",
-                               {wf(7, 15, "Constant expression expected: b"),
-                                wf(8, 14, "Constant expression expected: v")}}),
+                               {wf(7, 15, "Constant expression expected: 'b'"),
+                                wf(8, 14, "Constant expression expected: 'v'")}}),
     caseName);
 
 } // namespace
