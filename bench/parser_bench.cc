@@ -3,8 +3,8 @@
 #include "metamodel/Factory.h"
 #include "metamodel/Kel.h"
 #include "om/ObjectModel.h"
-#include "parser/Parser.h"
-#include "parser/Scanner.h"
+#include "parser/grammar/Parser.h"
+#include "parser/grammar/Scanner.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,8 +4,8 @@
 #include "metamodel/Factory.h"
 #include "metamodel/Kel.h"
 #include "om/ObjectModel.h"
-#include "parser/Parser.h"
-#include "parser/WellformednessChecker.h"
+#include "parser/grammar/Parser.h"
+#include "parser/checks/WellformednessChecker.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building and testing kel-trace needs,
-# and only those that are missing.
+# Installs the Debian packages of scripts/packages.txt that building and
+# testing kel-trace needs, and only those that are missing.
 set -euo pipefail
 
-packages=(g++ make cmake ninja-build flex bison libboost-dev libgtest-dev libgmock-dev
-          libbenchmark-dev)
+mapfile -t packages < <(grep -v '^[[:space:]]*\(#\|$\)' "$(dirname "$0")/packages.txt")
 
 missing=()
 for package in "${packages[@]}"; do

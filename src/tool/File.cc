@@ -4,7 +4,7 @@
 #include "metamodel/ModelDeclaration.h"
 #include "metamodel/Namespace.h"
 #include "metamodel/Root.h"
-#include "parser/Parser.h"
+#include "parser/grammar/Parser.h"
 
 #include <iostream>
 #include <memory>

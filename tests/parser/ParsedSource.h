@@ -4,7 +4,7 @@
 
 #include "TestStore.h"
 #include "metamodel/BuiltinDeclarations.h"
-#include "parser/Parser.h"
+#include "parser/grammar/Parser.h"
 
 #include <gtest/gtest.h>
 

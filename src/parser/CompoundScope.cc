@@ -1,9 +1,0 @@
-#include "parser/CompoundScope.h"
-
-namespace language {
-
-void CompoundScope::print() const {
-    printTables("CompoundScope: ", {{"  variables: ", variables}});
-}
-
-} // namespace language

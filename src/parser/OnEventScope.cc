@@ -1,7 +1,0 @@
-#include "parser/OnEventScope.h"
-
-namespace language {
-
-void OnEventScope::print() const { printTables("OnEventScope: ", {{"  variables: ", variables}}); }
-
-} // namespace language
