@@ -10,7 +10,7 @@
 #include "metamodel/FunctionDeclaration.h"
 #include "metamodel/Kel.h"
 #include "om/ObjectModel.h"
-#include "parser/Parser.h"
+#include "parser/grammar/Parser.h"
 
 #include <benchmark/benchmark.h>
 

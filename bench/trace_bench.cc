@@ -8,7 +8,7 @@
 #include "metamodel/Factory.h"
 #include "metamodel/Kel.h"
 #include "om/ObjectModel.h"
-#include "parser/Parser.h"
+#include "parser/grammar/Parser.h"
 
 #include <benchmark/benchmark.h>
 
