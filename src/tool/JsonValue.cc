@@ -26,14 +26,23 @@ std::unique_ptr<JsonValueImpl> JsonValueString::clone() const {
     return std::make_unique<JsonValueString>(m_value);
 }
 
-JsonVariant::JsonVariant() : m_impl(std::make_unique<JsonValueNull>()) {}
+JsonVariant::JsonVariant() = default;
 JsonVariant::JsonVariant(char const* text) : m_impl(std::make_unique<JsonValueString>(text)) {}
 JsonVariant::JsonVariant(std::unique_ptr<JsonValueImpl> impl) : m_impl(std::move(impl)) {}
-JsonVariant::JsonVariant(JsonVariant const& other) : m_impl(other.m_impl->clone()) {}
+JsonVariant::JsonVariant(JsonVariant const& other)
+    : m_impl(other.m_impl ? other.m_impl->clone() : nullptr) {}
+
+JsonValueImpl const& JsonVariant::impl() const {
+    static JsonValueNull const null;
+    if (!m_impl) {
+        return null;
+    }
+    return *m_impl;
+}
 
 JsonVariant& JsonVariant::operator=(JsonVariant const& other) {
     if (this != &other) {
-        m_impl = other.m_impl->clone();
+        m_impl = other.m_impl ? other.m_impl->clone() : nullptr;
     }
     return *this;
 }
@@ -43,9 +52,9 @@ JsonVariant& JsonVariant::operator=(char const* text) {
     return *this;
 }
 
-JsonValue& JsonValue::operator=(JsonValue&& other) {
+JsonValue& JsonValue::operator=(JsonValue&& other) noexcept {
     kind = other.kind;
-    variant = other.variant;
+    variant = std::move(other.variant);
     elements = std::move(other.elements);
     members = std::move(other.members);
     return *this;
@@ -88,8 +97,10 @@ JsonValue& JsonValue::operator[](std::string const& key) {
 
 void JsonValue::append(JsonValue const& value) {
     JsonValue copy(value); // `value` may live inside this array
-    (*this)[elements.size()] = std::move(copy);
+    append(std::move(copy));
 }
+
+void JsonValue::append(JsonValue&& value) { (*this)[elements.size()] = std::move(value); }
 
 std::string JsonValue::str() const {
     switch (kind) {

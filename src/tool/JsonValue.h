@@ -57,12 +57,16 @@ public:
     JsonVariant(char const* text);
     explicit JsonVariant(std::unique_ptr<JsonValueImpl> impl);
     JsonVariant(JsonVariant const& other);
+    JsonVariant(JsonVariant&& other) noexcept = default;
     JsonVariant& operator=(JsonVariant const& other);
+    JsonVariant& operator=(JsonVariant&& other) noexcept = default;
     JsonVariant& operator=(char const* text);
 
-    JsonValueImpl const& impl() const { return *m_impl; }
+    JsonValueImpl const& impl() const;
 
 private:
+    // Null for a null value, so that the many null members of a document
+    // allocate nothing.
     std::unique_ptr<JsonValueImpl> m_impl;
 };
 
@@ -77,8 +81,10 @@ public:
     JsonValue(JsonVariant const& scalar) : variant(scalar) {}
     JsonValue(JsonValue const& other) = default;
     JsonValue& operator=(JsonValue const& other) = default;
-    JsonValue(JsonValue&& other) = default;
-    JsonValue& operator=(JsonValue&& other);
+    // Moves never throw, so that a growing array moves its elements rather
+    // than copying each document below them.
+    JsonValue(JsonValue&& other) noexcept = default;
+    JsonValue& operator=(JsonValue&& other) noexcept;
     virtual ~JsonValue() = default;
 
     JsonValue& operator=(std::string const& text);
@@ -94,6 +100,8 @@ public:
     virtual JsonValue& operator[](std::string const& key);
     // Makes this an array and appends a deep copy of `value`.
     virtual void append(JsonValue const& value);
+    // Makes this an array and appends `value`.
+    void append(JsonValue&& value);
 
     JsonValue& operator[](char const* key) { return (*this)[std::string(key)]; }
 
