@@ -70,9 +70,11 @@ TEST_F(ParserTest, AFileClauseMovesLaterLocationsIntoThatFile) {
 }
 
 // A flattened source: what stands behind an imported clause is imported, and a
-// component there loses its behaviour until a file clause ends the section.
+// component there loses its behaviour until a file clause ends the section; a
+// dir clause changes nothing.
 TEST_F(ParserTest, AnImportedClauseMarksItsSectionImported) {
-    ASSERT_TRUE(parse("#imported \"lib.kel\"\n"
+    ASSERT_TRUE(parse("#dir \"elsewhere\"\n"
+                      "#imported \"lib.kel\"\n"
                       "interface I { in void e(); behaviour { on e: {} } }\n"
                       "component L { provides I p; behaviour { on p.e: {} } }\n"
                       "#file \"m.kel\"\n"
@@ -90,16 +92,6 @@ TEST_F(ParserTest, AnImportedClauseMarksItsSectionImported) {
     EXPECT_FALSE(m.getImported());
     EXPECT_TRUE(m.hasBehaviour());
     EXPECT_EQ(m.getFile().getName(), "m.kel");
-}
-
-TEST_F(ParserTest, ADirClauseChangesNeitherFilesNorImports) {
-    ASSERT_TRUE(parse("#dir \"elsewhere\"\ncomponent C { provides I p; behaviour { } }"))
-        << errors();
-    auto const& c = as<kel::ComponentDeclaration>(top().getModels().at(0));
-    EXPECT_EQ(c.getFile().getName(), "t.kel");
-    EXPECT_EQ(c.getLine(), 2);
-    EXPECT_FALSE(c.getImported());
-    EXPECT_TRUE(c.hasBehaviour());
 }
 
 TEST_F(ParserTest, InterfacesHoldTheirEventsTypesAndBehaviour) {
