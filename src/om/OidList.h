@@ -22,7 +22,6 @@ public:
     OidList(OidList const& other);
     OidList(OidList&& other) noexcept;
     OidList& operator=(OidList const& other);
-    OidList& operator=(OidList&& other) noexcept;
     ~OidList() { releaseVector(); }
 
     Index size() const { return m_isVector ? m_vector->size() : (m_id != NULL_OID ? 1 : 0); }

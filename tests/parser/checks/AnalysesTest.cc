@@ -6,7 +6,6 @@
 #include "parser/checks/BindingQueries.h"
 #include "parser/checks/Recurser.h"
 #include "parser/checks/SilentChecker.h"
-#include "parser/checks/StatementQueries.h"
 #include "parser/checks/SystemGraph.h"
 
 #include <gmock/gmock.h>
@@ -124,26 +123,6 @@ void recLoud() { if (b) { recLoud(); } else { r.e(); } }
     EXPECT_EQ(value("recSilent"), S::Silent);
     EXPECT_EQ(value("recMixed"), S::Indeterminate);
     EXPECT_EQ(value("recLoud"), S::NotSilent);
-}
-
-TEST(StatementQueriesTest, SizesAndEmptinessLookThroughCompounds) {
-    ResolvedSource source(component(R"kel(
-void hollow() { { } { { } } }
-void two() { { b = true; r.e(); } }
-void late() { b = true; { { illegal; } } illegal; }
-)kel"));
-    kel::CompoundStatement const& hollow = source.function("C", "hollow").getStatement();
-    kel::CompoundStatement const& two = source.function("C", "two").getStatement();
-    kel::CompoundStatement const& late = source.function("C", "late").getStatement();
-    EXPECT_FALSE(isNonEmpty(hollow));
-    EXPECT_TRUE(isNonEmpty(two));
-    EXPECT_EQ(getSize(hollow.getStatementsVec()), 0U);
-    EXPECT_EQ(getSize(two.getStatementsVec()), 2U);
-    EXPECT_EQ(findIllegal(two.getStatementsVec()), nullptr);
-    kel::ActionStatement const* illegal = findIllegal(late.getStatementsVec());
-    ASSERT_NE(illegal, nullptr);
-    // The one inside the nested compounds comes first.
-    EXPECT_EQ(illegal->getParent()->getParent()->getOid(), late.getStatementsVec()[1]->getOid());
 }
 
 std::string const systems = service + R"kel(

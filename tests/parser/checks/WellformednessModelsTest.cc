@@ -27,6 +27,7 @@ interface I {
 }
 interface J { }
 interface K { out void o(); behaviour { } }
+subint Same {3..3};
 )kel",
                    {wf(2, 8, "Minimum version must not be smaller than maximum value"),
                     wf(4, 18, "Parameter type must be a data type.: 'S'"),
@@ -75,10 +76,20 @@ component C {
     on p.e(): {}
   }
 }
+component In {
+  provides I p;
+  requires injected I t;
+  behaviour {
+    requires kel.async(D x, inout D y) a;
+    on p.e(): {}
+  }
+}
 )kel",
                    {wf(8, 14, "Out Parameter is not allowed for out Event: 'y'"),
+                    wf(16, 14, "Inout Parameter is not allowed for out Event: 'y'"),
                     wf(6, 23, "Injected Port has out event: 't'"),
-                    wf(8, 33, "Only 'in' parameters are allowed here: 'y'")}}),
+                    wf(8, 33, "Only 'in' parameters are allowed here: 'y'"),
+                    wf(16, 35, "Only 'in' parameters are allowed here: 'y'")}}),
     caseName);
 
 INSTANTIATE_TEST_SUITE_P(
@@ -110,11 +121,21 @@ component M {
     b.r <=> *;
   }
 }
+component N {
+  provides I p;
+  system {
+    Leaf a;
+    p <=> a.p;
+    a.r <=> a.r;
+  }
+}
 )kel",
                    {wf(10, 5, "Port is bound twice: 'a.r'"),
                     wf(10, 13, "Port is bound twice: 'b.p'"),
                     wf(11, 13, "Wildcard can be bound to a provided port only"),
-                    wf(12, 13, "Wildcard can be bound to a provided port only")}},
+                    wf(12, 13, "Wildcard can be bound to a provided port only"),
+                    wf(20, 5, "Port is bound twice: 'a.r'"),
+                    wf(20, 13, "Binding directions do not match")}},
         // One report per earlier binding that names a side, in the
         // order of those bindings, left side before right.
         SourceCase{
@@ -171,6 +192,16 @@ component X {
   requires external I q;
   system {
     Leaf a;
+    p <=> a.p;
+    a.r <=> q;
+  }
+}
+component Ext { provides I p; requires external I r; behaviour { on p.e(): r.e(); } }
+component Y {
+  provides I p;
+  requires external I q;
+  system {
+    Ext a;
     p <=> a.p;
     a.r <=> q;
   }

@@ -95,15 +95,6 @@ TEST(WellformednessTreeTest, TriggersComeInThroughPortsAndInternals) {
     EXPECT_EQ(tree.store.model.tryFind(first), nullptr);
 }
 
-TEST(WellformednessTreeTest, TriggersOfAnInterfaceAreItsInEvents) {
-    ResolvedSource tree(source);
-    ParserBase base(tree.store.model);
-    kel::ConstEventInstanceVec triggers = base.GetAllTriggers(tree.model("I"));
-    // "optional" and "inevitable" became in events of the interface when first used.
-    EXPECT_THAT(names(triggers), testing::ElementsAre("e", "q", "optional", "inevitable"));
-    base.ClearAllTriggers(triggers);
-}
-
 TEST(WellformednessTreeTest, LabelsOfDeclarations) {
     ResolvedSource tree(source);
     kel::ComponentDeclaration const& component = *tree.model("C").asComponentDeclaration();

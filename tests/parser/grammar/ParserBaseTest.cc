@@ -55,23 +55,6 @@ TEST_F(ParserBaseErrorsTest, ErrorsKeepTheirFileNamesAfterTheNameIsGone) {
     EXPECT_EQ(*copy.errors().front().location().end.filename, "gone.kel");
 }
 
-TEST_F(ParserBaseErrorsTest, ImportedErrorsFollowTheOwnOnes) {
-    std::string const file = "a.kel";
-    ParserBase importer(store.model), imported(store.model);
-    importer.error(span(&file, 1, 1, 1, 2), "first");
-    imported.error(span(&file, 2, 1, 2, 2), "second");
-    imported.error(span(&file, 3, 1, 3, 2), "third");
-    importer.importErrors(imported);
-    EXPECT_EQ(printed(importer), "a.kel:1:1: first\na.kel:2:1: second\na.kel:3:1: third\n");
-    EXPECT_EQ(imported.errors().size(), 2u);
-}
-
-TEST(ParserBaseTest, AsStringShowsTheBeginOrNothingWithoutAFile) {
-    std::string const file = "m.kel";
-    EXPECT_EQ(ParserBase::asString(span(&file, 12, 34, 13, 1)), "m.kel:12:34");
-    EXPECT_EQ(ParserBase::asString(span(nullptr, 12, 34, 13, 1)), "");
-}
-
 class NameHelpersTest : public testing::Test {
 protected:
     std::string const file = "n.kel";

@@ -157,6 +157,18 @@ TEST_F(ParserImportsTest, ComponentsOfAnImportedFileKeepTheirPortsButNoBehaviour
     EXPECT_TRUE(l.getImported());
 }
 
+// Rejected shapes inside such a behaviour would report if anything were built.
+TEST_F(ParserImportsTest, StatementsOfAComponentsOnlyImportBuildAndReportNothing) {
+    write("lib.kel", "component L { provides I p; behaviour {\n"
+                     "  void f() { void g() { } }\n"
+                     "  on p.e(1): a.b.reply();\n} }");
+    write("main.kel", "import lib.kel;\ninterface I { in void e(); }");
+    ASSERT_TRUE(parseFile("main.kel")) << errors();
+    EXPECT_EQ(errors(), "");
+    // Nothing built for the dropped behaviour lies around without an owner.
+    EXPECT_EQ(store.model.getRootObjectsVec().size(), 1u);
+}
+
 TEST_F(ParserImportsTest, FullImportsKeepBehavioursAndSystems) {
     write("lib.kel", "component L { provides I p; behaviour { on p.e: illegal; } }\n"
                      "component S { system { L l; } }");

@@ -69,6 +69,31 @@ TEST_F(ParserTest, AFileClauseMovesLaterLocationsIntoThatFile) {
     EXPECT_EQ(e.getLine(), 1);
 }
 
+// A flattened source: what stands behind an imported clause is imported, and a
+// component there loses its behaviour until a file clause ends the section; a
+// dir clause changes nothing.
+TEST_F(ParserTest, AnImportedClauseMarksItsSectionImported) {
+    ASSERT_TRUE(parse("#dir \"elsewhere\"\n"
+                      "#imported \"lib.kel\"\n"
+                      "interface I { in void e(); behaviour { on e: {} } }\n"
+                      "component L { provides I p; behaviour { on p.e: {} } }\n"
+                      "#file \"m.kel\"\n"
+                      "component M { provides I p; behaviour { on p.e: {} } }"))
+        << errors();
+    auto const& i = as<kel::InterfaceDeclaration>(top().getModels().at(0));
+    auto const& l = as<kel::ComponentDeclaration>(top().getModels().at(1));
+    auto const& m = as<kel::ComponentDeclaration>(top().getModels().at(2));
+    EXPECT_TRUE(i.getImported());
+    EXPECT_TRUE(i.hasBehaviour());
+    EXPECT_TRUE(l.getImported());
+    EXPECT_FALSE(l.hasBehaviour());
+    EXPECT_EQ(l.getFile().getName(), "lib.kel");
+    EXPECT_EQ(l.getLine(), 2);
+    EXPECT_FALSE(m.getImported());
+    EXPECT_TRUE(m.hasBehaviour());
+    EXPECT_EQ(m.getFile().getName(), "m.kel");
+}
+
 TEST_F(ParserTest, InterfacesHoldTheirEventsTypesAndBehaviour) {
     ASSERT_TRUE(parse("interface I { in bool e(int a); enum T { x }; out void f();\n"
                       "behaviour { bool v = true; [v] on e: reply(true); } }"))
