@@ -12,24 +12,11 @@
 #include "metamodel/PortDeclaration.h"
 
 #include <cstddef>
+#include <optional>
+#include <vector>
 #include <string>
 
 namespace {
-
-// The text of a member as written, quotes included; "" when absent, so that
-// looking never adds a member.
-std::string MemberText(JsonValue const& object, std::string const& key) {
-    for (auto const& [numberedKey, value] : object.members) {
-        if (numberedKey.second == key) {
-            return value.str();
-        }
-    }
-    return "";
-}
-
-bool IsKind(JsonValue const& element, char const* kind) {
-    return MemberText(element, "kind") == '"' + std::string(kind) + '"';
-}
 
 JsonValue Header(TraceType type) {
     static char const* const names[] = {"interface", "constrained", "unconstrained"};
@@ -53,33 +40,35 @@ JsonValue PortLifeline(MicroTrace const& trace, kel::PortDeclaration const& port
     return Step(port);
 }
 
-void AddPortLifelines(JsonValue& root, MicroTrace const& trace,
+void AddPortLifelines(std::vector<JsonValue>& lifelines, MicroTrace const& trace,
                       kel::ComponentDeclaration const& component, kel::PortDirection direction) {
     for (auto const* port : component.getPorts()) {
         if (port->getDirection() == direction) {
-            root.append(PortLifeline(trace, *port));
+            lifelines.push_back(PortLifeline(trace, *port));
         }
     }
 }
 
 // Provided ports to the left of the component, required ports to its right.
-void AddLifelines(JsonValue& root, MicroTrace const& trace) {
+std::vector<JsonValue> Lifelines(MicroTrace const& trace) {
+    std::vector<JsonValue> lifelines;
     auto const* component = trace.model->asComponentDeclaration();
     if (component == nullptr) {
         for (auto const& step : trace.steps) {
             if (IsInitialize(step)) {
-                root.append(Step(step));
+                lifelines.push_back(Step(step));
             }
         }
-        return;
+        return lifelines;
     }
-    AddPortLifelines(root, trace, *component, kel::idirProvided);
+    AddPortLifelines(lifelines, trace, *component, kel::idirProvided);
     for (auto const& step : trace.steps) {
         if (IsInitialize(step) && InstanceOf(step).port == nullptr) {
-            root.append(Step(step));
+            lifelines.push_back(Step(step));
         }
     }
-    AddPortLifelines(root, trace, *component, kel::idirRequired);
+    AddPortLifelines(lifelines, trace, *component, kel::idirRequired);
+    return lifelines;
 }
 
 bool Contains(std::string const& text, char const* part) {
@@ -87,64 +76,82 @@ bool Contains(std::string const& text, char const* part) {
 }
 
 // The error element that ends a failed run; none for a run that went well.
-void AddVerdict(JsonValue& root, MicroTrace const& trace) {
+std::optional<JsonValue> Verdict(MicroTrace const& trace) {
     bool const endsInError =
         !trace.steps.empty() && trace.steps.back()->kind == ProgramStep::PSK_Error;
     if (!trace.isProtocolViolation && trace.error().empty() && !endsInError) {
-        return;
+        return std::nullopt;
     }
     std::string const text = trace.getErrorMsg();
     MicroStep const* last = trace.MainModelLastStep();
     if (last != nullptr && Contains(text, "is incomplete:")) {
-        root.append(state_error(text, {&InstanceOf(*last).model->getBehaviour()}));
-    } else if (last != nullptr && (Contains(text, "deterministic") || Contains(text, "deadlock") ||
+        return state_error(text, {&InstanceOf(*last).model->getBehaviour()});
+    }
+    if (last != nullptr && (Contains(text, "deterministic") || Contains(text, "deadlock") ||
                                    Contains(text, "livelock"))) {
         std::vector<kel::Location const*> guards;
         for (auto const* guard : (*last)->stateVector.ArmedGuards()) {
             guards.push_back(guard);
         }
-        root.append(state_error(text, guards));
-    } else {
-        root.append(plain_error(text));
+        return state_error(text, guards);
     }
+    return plain_error(text);
+}
+
+// A thread entry and a dequeued event have no source text of their own: each
+// shows that of the nearest "OnEvent" behind it, or none. Taken in one walk
+// back over the steps, so that the document can be written element by element.
+std::vector<std::optional<kel::Location const*>> BorrowedSelections(MicroTrace const& trace) {
+    std::vector<std::optional<kel::Location const*>> borrowed(trace.steps.size());
+    kel::Location const* saved = nullptr;
+    for (auto i = trace.steps.size(); i-- > 0;) {
+        auto const kindName = trace.steps[i]->getStepKindName();
+        if (kindName == "OnEvent") {
+            saved = trace.steps[i]->locationObject;
+        } else if (kindName == "ThreadEnter" || kindName == "Dequeue") {
+            borrowed[i] = saved;
+        }
+    }
+    return borrowed;
 }
 
 } // namespace
 
-void amend_selections(JsonValue& root) {
-    JsonValue saved;
-    for (auto element = root.elements.rbegin(); element != root.elements.rend(); ++element) {
-        if (IsKind(*element, "OnEvent")) {
-            saved = (*element)["selection"];
-        } else if (IsKind(*element, "ThreadEnter") || IsKind(*element, "Dequeue")) {
-            (*element)["selection"] = saved;
-        }
-    }
-}
-
-void amend_selection_index(JsonValue& root) {
-    for (std::size_t i = 0; i < root.elements.size(); ++i) {
-        JsonValue& selection = root.elements[i]["selection"];
-        selection[0ul]; // a null or empty selection gets its one entry
-        for (auto& entry : selection.elements) {
-            entry["index"] = i;
-        }
+void amend_selection_index(JsonValue& element, std::size_t index) {
+    JsonValue& selection = element["selection"];
+    selection[0ul]; // a null or empty selection gets its one entry
+    for (auto& entry : selection.elements) {
+        entry["index"] = index;
     }
 }
 
 void printTrace(MicroTrace const& trace, TraceType type, std::ostream& out) {
-    JsonValue root(JsonValue::Array);
-    root.append(Header(type));
-    AddLifelines(root, trace);
-    for (auto const& step : trace.steps) {
-        auto const kindName = step->getStepKindName();
-        if (kindName != "Initialize" && kindName != "Error") {
-            root.append(Step(step));
-        }
+    // Written as it is made: a long run's document need not fit in memory.
+    std::size_t index = 0;
+    auto write = [&](JsonValue element) {
+        amend_selection_index(element, index);
+        out << (index++ == 0 ? "[" : ",\n") << element;
+    };
+    write(Header(type));
+    for (auto& lifeline : Lifelines(trace)) {
+        write(std::move(lifeline));
     }
-    amend_selections(root);
-    AddVerdict(root, trace);
-    amend_selection_index(root);
-    out << root << '\n';
+    auto const borrowed = BorrowedSelections(trace);
+    for (std::size_t i = 0; i < trace.steps.size(); ++i) {
+        auto const kindName = trace.steps[i]->getStepKindName();
+        if (kindName == "Initialize" || kindName == "Error") {
+            continue;
+        }
+        auto element = Step(trace.steps[i]);
+        if (borrowed[i]) {
+            auto const* location = *borrowed[i];
+            element["selection"] = location == nullptr ? JsonValue() : selections({location});
+        }
+        write(std::move(element));
+    }
+    if (auto verdict = Verdict(trace)) {
+        write(std::move(*verdict));
+    }
+    out << "]\n";
     out.flush();
 }

@@ -8,6 +8,7 @@
 
 #include "trace/MicroTrace.h"
 
+#include <cstddef>
 #include <iostream>
 #include <ostream>
 
@@ -21,9 +22,6 @@ enum TraceType {
 // Writes the diagram of `trace`, a newline, and flushes.
 void printTrace(MicroTrace const& trace, TraceType type, std::ostream& out = std::cout);
 
-// Gives each thread entry and dequeue the selection of the nearest "OnEvent"
-// that follows it, as they have no source text of their own.
-void amend_selections(JsonValue& root);
-// Gives every element a non-empty "selection" whose entries carry the
-// element's position in `root`.
-void amend_selection_index(JsonValue& root);
+// Gives the element a non-empty "selection" whose entries carry its position
+// in the document.
+void amend_selection_index(JsonValue& element, std::size_t index);
