@@ -37,7 +37,8 @@ StateVector::VariableFrame& StateVector::VariableFrame::operator=(VariableFrame 
 }
 
 StateVector::StateVector(ModelInstancePtr instance)
-    : modelInstance(std::move(instance)), objectModel(&modelInstance->model->getOwner()) {
+    : modelInstance(std::move(instance)), objectModel(&modelInstance->model->getOwner()),
+      frames(std::make_shared<Frames>()) {
     auto const* behaviour = modelInstance->model->tryGetBehaviour();
     if (behaviour == nullptr) {
         return;
@@ -46,27 +47,36 @@ StateVector::StateVector(ModelInstancePtr instance)
     for (auto const* variable : behaviour->getVariables()) {
         if (kel::IsStateVariable(*variable)) {
             auto const* initial = variable->tryGetInitialValue();
-            frames.back().values[variable->getOid()] =
+            framesToChange().back().values[variable->getOid()] =
                 initial == nullptr ? nullptr : EvaluateExpression(*initial);
         }
     }
 }
 
-void StateVector::OpenContext(kel::CompoundStatement const& owner) { frames.emplace_back(&owner); }
+StateVector::Frames& StateVector::framesToChange() {
+    if (frames.use_count() > 1) {
+        frames = std::make_shared<Frames>(*frames);
+    }
+    return *frames;
+}
 
-void StateVector::CloseContext() { frames.pop_back(); }
+void StateVector::OpenContext(kel::CompoundStatement const& owner) {
+    framesToChange().emplace_back(&owner);
+}
+
+void StateVector::CloseContext() { framesToChange().pop_back(); }
 
 
 StateVariableValue const* StateVector::getValue(om::Oid id) const {
-    auto const* frame = InnermostHolding(frames, id);
+    auto const* frame = InnermostHolding(*frames, id);
     return frame == nullptr ? nullptr : frame->values.at(id).get();
 }
 
 bool StateVector::hasValue(om::Oid id) const { return getValue(id) != nullptr; }
 
 void StateVector::setValue(om::Oid id, StateVariableValuePtr value) {
-    if (auto* frame = InnermostHolding(frames, id)) {
-        frame->values.at(id) = std::move(value);
+    if (InnermostHolding(*frames, id) != nullptr) {
+        InnermostHolding(framesToChange(), id)->values.at(id) = std::move(value);
     }
 }
 
@@ -87,14 +97,14 @@ void StateVector::applyRangeRule(kel::VariableDeclaration const& variable) const
 void StateVector::DeclareStateVariable(kel::VariableDeclaration const& variable,
                                        StateVariableValue const& value) {
     if (kel::IsStateVariable(variable)) {
-        frames.back().values[variable.getOid()] = value.clone();
+        framesToChange().back().values[variable.getOid()] = value.clone();
         applyRangeRule(variable);
     }
 }
 
 void StateVector::DeclareStateVariable(kel::VariableDeclaration const& variable) {
     if (kel::IsStateVariable(variable)) {
-        frames.back().values[variable.getOid()] = nullptr;
+        framesToChange().back().values[variable.getOid()] = nullptr;
     }
 }
 
@@ -138,7 +148,7 @@ std::vector<StateVector::VarValPair> StateVector::ToVarValPairVec() const {
             modelInstance->model->asComponentDeclaration() ? "receive.queue" : "external.delay";
         pairs.emplace_back(name, entries);
     }
-    for (auto frame = frames.rbegin(); frame != frames.rend(); ++frame) {
+    for (auto frame = frames->rbegin(); frame != frames->rend(); ++frame) {
         for (auto const& [id, value] : frame->values) {
             auto const& variable = dynamic_cast<kel::Named const&>(*objectModel->find(id));
             pairs.emplace_back(variable.getName(), value ? value->str() : "undefined");

@@ -1,6 +1,7 @@
 // The memory of a running model: frames of variables, innermost first, and
-// the queue of pending event names. Copies are deep: a copy shares nothing
-// with its source but the model.
+// the queue of pending event names. A copy behaves as a deep copy; the frames
+// are shared until one side changes them, because every step of a run keeps a
+// snapshot and most steps change no variable.
 #pragma once
 
 #include "interpreter/ModelInstance.h"
@@ -17,6 +18,7 @@
 
 #include <boost/container/flat_map.hpp>
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -90,17 +92,23 @@ public:
     bool IsEqualFrame(VariableFrame const& left, VariableFrame const& right) const;
 
     // Frame i from the innermost.
-    VariableFrame const& frame(std::size_t i) const { return frames[frames.size() - 1 - i]; }
-    std::size_t frameCount() const { return frames.size(); }
+    VariableFrame const& frame(std::size_t i) const {
+        return (*frames)[frames->size() - 1 - i];
+    }
+    std::size_t frameCount() const { return frames->size(); }
 
     ModelInstancePtr modelInstance;
-    // Innermost frame at the back: opening and closing frames touches no other.
-    std::vector<VariableFrame> frames;
     om::ObjectModel const* objectModel;
     // Oldest entry first; queues stay short, so a vector serves.
     std::vector<std::string> queue;
 
 private:
+    using Frames = std::vector<VariableFrame>;
+    // This vector's own frames, copied first if another vector shares them.
+    Frames& framesToChange();
+
+    // Innermost frame at the back: opening and closing frames touches no other.
+    std::shared_ptr<Frames> frames;
     void applyRangeRule(kel::VariableDeclaration const& variable) const;
     bool hasQueue() const;
 };
