@@ -178,9 +178,10 @@ private:
     bool isInterface() const;
     // A Statement step of `statement` with this state's snapshot.
     void traceStatement(kel::BehaviourStatement const& statement);
-    // While the model awaits the return of a call on `port`, an event that
-    // the port sends at the head goes into the queue; whether it did.
-    bool enqueueIfInputOf(kel::PortDeclaration const& port);
+    // While the model awaits the return of `called`, an event that its port
+    // sends at the head goes into the queue; whether it did. Throws for a
+    // call without port, which can have no return.
+    bool enqueueWhileCalling(kel::EventInstance const& called);
     // The oldest armed port's first input event goes into the queue.
     void fireArmedPort();
 };

@@ -81,25 +81,24 @@ void ModelState::executeSynchronousActionCall(kel::ActionStatement const& statem
     activeActionEvent = &statement.getExpression().getEvent();
 }
 
-bool ModelState::enqueueIfInputOf(kel::PortDeclaration const& port) {
-    if (!kel::IsPortInputEvent(port, head())) {
+bool ModelState::enqueueWhileCalling(kel::EventInstance const& called) {
+    auto const* port = PortOf(called);
+    if (port == nullptr) {
+        throw std::runtime_error(
+            "Well-formedness error: Out Event with non void return type is not allowed");
+    }
+    if (!kel::IsPortInputEvent(*port, head())) {
         return false;
     }
-    auto const event = kel::InputEvent(port, head());
     stateVector.queue.push_back(head());
-    trace(ProgramStep::Enqueue(event, stateVector, activationEvent));
+    trace(ProgramStep::Enqueue(kel::InputEvent(*port, head()), stateVector, activationEvent));
     namedEventConsumed();
     return true;
 }
 
 void ModelState::executeSynchronousActionReturn(kel::ActionStatement const& statement) {
     auto const& instance = statement.getExpression().getEvent();
-    kel::PortEvent const called(instance);
-    if (called.port == nullptr) {
-        throw std::runtime_error(
-            "Well-formedness error: Out Event with non void return type is not allowed");
-    }
-    if (enqueueIfInputOf(*called.port)) {
+    if (enqueueWhileCalling(instance)) {
         return;
     }
     if (!kel::PortEvent(*activeActionEvent).IsValidReturn(head())) {
@@ -124,16 +123,12 @@ void ModelState::executeActionExpressionCall(kel::ActionExpression const& expres
 
 void ModelState::executeActionExpressionReturn(kel::ActionExpression const& expression) {
     auto const& instance = expression.getEvent();
-    kel::PortEvent const called(instance);
-    if (called.port == nullptr) {
-        // Out-events with a return are refused by the checks; should one get
-        // here, stop as the statement form does rather than loop for ever.
-        throw std::runtime_error(
-            "Well-formedness error: Out Event with non void return type is not allowed");
-    }
-    if (enqueueIfInputOf(*called.port)) {
+    // An instance without port cannot return; it stops the run as the
+    // statement form does rather than wait for ever.
+    if (enqueueWhileCalling(instance)) {
         return;
     }
+    kel::PortEvent const called(instance);
     StateVariableValuePtr value;
     for (auto const& reply : called.PortReturns()) {
         if (reply.str() == head()) {
