@@ -75,14 +75,6 @@ TEST(ActivationTest, ACallToAnInterfaceForksTheAutonomousActivationFirst) {
                 ElementsAre(OnLine(6, "activation event tau"), ""));
 }
 
-TEST(ActivationTest, AHeadThatNamesNothingActivatesAnInterfaceAutonomously) {
-    auto const state = First(Source().run("I"), {"zzz"});
-    state->singleStep();
-    EXPECT_TRUE(state->continuations.empty());
-    EXPECT_TRUE(state->isActive);
-    EXPECT_EQ(state->activationEvent.str(), "tau");
-}
-
 TEST(ActivationTest, ADelayedEventOfAnExternalPortIsShownFromTheDelayLine) {
     auto const states = MatchingStates(Source().runOfPort("Queue", "x"), {"e", "return", "o"});
     ASSERT_EQ(states.size(), 1u);
@@ -227,17 +219,6 @@ TEST(ActivationTest, AHiddenLoopOfAnInterfaceIsADeadEnd) {
     }
 }
 
-TEST(ActivationTest, TakingNotificationsFromTheQueueIsNoHiddenLoop) {
-    auto const states = MatchingStates(Source().run("Queue"), {"r.o", "r.o"});
-    ASSERT_EQ(states.size(), 1u);
-    EXPECT_TRUE(states[0]->IsSolution());
-    EXPECT_THAT(Kinds(*states[0]),
-                ElementsAre(Step::PSK_Initialize, Step::PSK_Enqueue, Step::PSK_Enqueue,
-                            Step::PSK_ThreadEnter, Step::PSK_Dequeue, Step::PSK_Statement,
-                            Step::PSK_OnEvent, Step::PSK_Dequeue, Step::PSK_Statement,
-                            Step::PSK_OnEvent, Step::PSK_ThreadExit));
-}
-
 struct IllegalCase {
     char const* name;
     char const* model;
@@ -271,8 +252,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(IllegalCase{"InAComponent", "Illegal", "", {"p.e"}, true},
                     // The environment of a provided port must avoid it.
                     IllegalCase{"InTheRunOfAProvidedPort", "Illegal", "p", {"e"}, false},
-                    IllegalCase{"InTheRunOfARequiredPort", "Illegal", "r", {"e"}, true},
-                    IllegalCase{"InAnInterface", "Bad", "", {"e"}, true}),
+                    IllegalCase{"InTheRunOfARequiredPort", "Illegal", "r", {"e"}, true}),
     [](auto const& info) { return info.param.name; });
 
 struct PromotionCase {

@@ -29,9 +29,6 @@ component C {
         on t.ack(): {}
     }
 }
-component Bare {
-    provides I p;
-}
 )");
     return source;
 }
@@ -67,19 +64,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ModelInstanceTest, NamesTheRoleOfTheRun) {
     auto const& source = Source();
-    EXPECT_EQ(ModelInstance(source.model("C")).getRoleName(), "component");
-    EXPECT_EQ(ModelInstance(source.model("I")).getRoleName(), "interface");
     EXPECT_EQ(ModelInstance(source.port("C", "p")).getRoleName(), "provided");
     EXPECT_EQ(ModelInstance(source.port("C", "r")).getRoleName(), "required");
     EXPECT_EQ(ModelInstance(source.port("C", "x")).getRoleName(), "required external");
-}
-
-TEST(ModelInstanceTest, ARunOfAPortRunsItsInterfaceUnderThePortsName) {
-    ModelInstance const run(Source().port("C", "r"));
-    EXPECT_EQ(run.model, &Source().model("I"));
-    EXPECT_EQ(run.getName(), "r");
-    EXPECT_EQ(ModelInstance(Source().model("C")).getName(), "C");
-    EXPECT_EQ(ModelInstance(Source().model("C")).port, nullptr);
 }
 
 TEST(ModelInstanceTest, TellsInputFromOutputEvents) {
@@ -94,13 +81,6 @@ TEST(ModelInstanceTest, TellsInputFromOutputEvents) {
     EXPECT_TRUE(interface.isInputEvent("e"));
     EXPECT_TRUE(interface.isOutputEvent("o"));
     EXPECT_FALSE(interface.isOutputEvent("e"));
-}
-
-TEST(ModelInstanceTest, ListsTheProvidedPortsOfAComponentOnly) {
-    auto const provided = ModelInstance(Source().model("C")).getProvidesPorts();
-    ASSERT_EQ(provided.size(), 1u);
-    EXPECT_EQ(provided.front()->getName(), "p");
-    EXPECT_TRUE(ModelInstance(Source().model("I")).getProvidesPorts().empty());
 }
 
 } // namespace

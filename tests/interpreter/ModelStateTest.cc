@@ -35,7 +35,6 @@ component C {
         on t.ack(): {}
     }
 }
-component Bare { provides I p; }
 component Ranged {
     provides I p;
     behaviour {
@@ -62,27 +61,6 @@ kel::EventInstance const& OnEvent(std::size_t i) {
     return *top.getStatements()[i]->asOnEventStatement()->getEvents()[0];
 }
 
-TEST(ModelStateTest, TheFirstStateIsInitialized) {
-    ModelState const state(Source().run("C"), {"p.e"});
-    EXPECT_EQ(state.oid, state.parentOid);
-    EXPECT_THAT(Kinds(state), ElementsAre(ProgramStep::PSK_Initialize));
-    EXPECT_FALSE(state.isStopped);
-    EXPECT_TRUE(state.IsIdle());
-    EXPECT_EQ(state.head(), "p.e");
-    EXPECT_FALSE(state.isProgramExecutionStopped());
-    EXPECT_EQ(state.GetIdStr(),
-              "(C:" + std::to_string(state.oid) + "-" + std::to_string(state.oid) + ")");
-}
-
-TEST(ModelStateTest, AModelWithoutBehaviourStopsAtOnce) {
-    ModelState const state(Source().run("Bare"), {});
-    EXPECT_TRUE(state.isStopped);
-    EXPECT_TRUE(state.IsProgramError());
-    EXPECT_EQ(state.message, "model has no behaviour: Bare");
-    EXPECT_THAT(Kinds(state), ElementsAre(ProgramStep::PSK_Error));
-    EXPECT_FALSE(state.IsSolution());
-}
-
 TEST(ModelStateTest, AGlobalOutOfRangeFailsAfterTheInitialization) {
     ModelState const state(Source().run("Ranged"), {});
     EXPECT_TRUE(state.IsProgramError());
@@ -93,13 +71,10 @@ TEST(ModelStateTest, AGlobalOutOfRangeFailsAfterTheInitialization) {
     EXPECT_EQ(state.stateVector.ToVarValPairVec()[1].second, "3");
 }
 
-TEST(ModelStateTest, ACopyHasItsOwnIdAndTraceButSharesTheHistory) {
+TEST(ModelStateTest, ACopyHasItsOwnTraceButSharesTheHistory) {
     ModelState const source(Source().run("C"), {"p.e"});
     ModelState const copy(source);
     ModelState const longer(source, std::string("p.return"));
-    EXPECT_GT(copy.oid, source.oid);
-    EXPECT_GT(longer.oid, copy.oid);
-    EXPECT_EQ(copy.parentOid, source.oid);
     EXPECT_EQ(copy.programTrace, source.programTrace);
     EXPECT_EQ(longer.namedEventTrace.size(), 2u);
     EXPECT_EQ(longer.namedEventTrace[1], "p.return");
@@ -176,30 +151,6 @@ TEST(ModelStateTest, AQueueKeepsAComponentRunningAfterTheTrace) {
     ModelState external(Source().runOfPort("C", "r"), {});
     external.stateVector.queue = {"o"};
     EXPECT_TRUE(external.isProgramExecutionStopped());
-}
-
-TEST(ModelStateTest, PrintDescribesTheState) {
-    ModelState state(Source().run("C"), {});
-    state.programError("broken");
-    auto const id = state.GetIdStr();
-    EXPECT_EQ(state.Print(), "ModelState  " + id +
-                                 "\n"
-                                 "IsProgramError = true\n"
-                                 "isProgramExecutionStopped = true\n"
-                                 "Message = broken\n"
-                                 "IsIdle = true\n"
-                                 "IsQueued = false\n"
-                                 "IsArmed = false\n"
-                                 "IsAwaitingActionReturn = false\n"
-                                 "IsActing = false\n"
-                                 "IsAutoActive = false\n"
-                                 "variables = \n"
-                                 "(receive.queue, )\n"
-                                 "isActive = false\n"
-                                 "isAutoActive = false\n"
-                                 "activationEvent = tau\n"
-                                 "currentCallContext = 0\n"
-                                 "activeActionEvent = 0\n");
 }
 
 TEST(ModelStateTest, ConsumingBeyondTheTraceIsAnError) {

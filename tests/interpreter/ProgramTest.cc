@@ -60,8 +60,6 @@ TEST(ProgramTest, TheMainProgramStartsOverWhenItRunsDry) {
     EXPECT_TRUE(program.CurrentScope()->IsCompound());
     EXPECT_EQ(program.PopNextStatement(), &Top());
     EXPECT_TRUE(program.IsCurrentScopeDepleted());
-    EXPECT_EQ(program.PopNextStatement(), nullptr);
-    EXPECT_EQ(program.GetScopeOwner(), &Top());
     program.MainProgramReturn();
     EXPECT_FALSE(program.IsCurrentScopeDepleted());
     EXPECT_EQ(program.TopStatement(), &Top());
@@ -88,20 +86,6 @@ TEST(ProgramTest, ScopesKnowTheirKindByTheirOwner) {
     program.CloseScope();
     program.CloseScope();
     EXPECT_EQ(program.GetScopeOwner(), &Top());
-}
-
-TEST(ProgramTest, StatementsRunInTheOrderPushedLastFirst) {
-    auto const& statements = Body().getStatements();
-    Program program(Source().model("C"));
-    program.OpenScope(Body());
-    program.PushStatement(*statements[1]);
-    program.PushStatement(*statements[0]);
-    Program const copy(program);
-    EXPECT_EQ(program.PopNextStatement(), statements[0]);
-    EXPECT_EQ(program.PopNextStatement(), statements[1]);
-    EXPECT_TRUE(program.IsCurrentScopeDepleted());
-    // The copy runs on by itself.
-    EXPECT_EQ(copy.TopStatement(), statements[0]);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "trace/TraceAnnotator.h"
 
 #include "interpreter/LoadedSource.h"
-#include "interpreter/MatchingStates.h"
 #include "interpreter/ProgramStep.h"
 
 #include <gmock/gmock.h>
@@ -117,58 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"UnknownPortsPass", {"q.a", ".a", "a"}, {"q.a", ".a", "a"}}),
     [](testing::TestParamInfo<Row> const& info) { return info.param.name; });
 
-TEST(TraceAnnotatorTest, WithoutRequiredPortsTheTraceStays) {
-    PortStates ports;
-    ports[&Source().port("K", "p")] =
-        std::move(History("p").spontaneous().receive("a").exit().state);
-    Trace const trace{"p.a", "r.a", "r.b"};
-    EXPECT_EQ(TraceAnnotator::add_queue_flushes(trace, ports), trace);
-    EXPECT_EQ(TraceAnnotator::add_queue_flushes(trace, {}), trace);
-}
-
-TEST(TraceAnnotatorTest, CallsAloneGiveNoMarker) {
-    PortStates ports;
-    ports[&Source().port("K", "r")] = std::move(History("r").call("a").call("b").state);
-    Trace const trace{"r.a", "r.b"};
-    EXPECT_EQ(TraceAnnotator::add_queue_flushes(trace, ports), trace);
-}
-
-TEST(TraceAnnotatorTest, MarksANotificationOfARealRun) {
-    // The port sends n on its own: the run enters without an event, receives
-    // n and leaves.
-    PortStates ports;
-    auto states = MatchingStates(Source().runOfPort("K", "r"), {"a", "return", "n"});
-    ASSERT_TRUE(states.front()->IsSolution()) << states.front()->message;
-    ports[&Source().port("K", "r")] = std::move(states.front());
-    EXPECT_EQ(TraceAnnotator::add_queue_flushes({"r.a", "r.return", "r.n", "p.a"}, ports),
-              (Trace{"r.a", "r.return", "r.n", "r.<<flush_queue>>", "p.a"}));
-}
-
-struct FlushRow {
-    char const* event;
-    bool isFlush;
-};
-
-class IsQueueFlushTest : public testing::TestWithParam<FlushRow> {};
-
-TEST_P(IsQueueFlushTest, LooksForTheDottedMarkerAnywhere) {
-    EXPECT_EQ(TraceAnnotator::is_queue_flush(GetParam().event), GetParam().isFlush)
-        << GetParam().event;
-}
-
-INSTANTIATE_TEST_SUITE_P(TraceAnnotatorTest, IsQueueFlushTest,
-                         testing::Values(FlushRow{"r.<<flush_queue>>", true},
-                                         FlushRow{".<<flush_queue>>", true},
-                                         FlushRow{"a.b.<<flush_queue>>x", true},
-                                         FlushRow{"<<flush_queue>>", false},
-                                         FlushRow{"r.<<flush_queue>", false},
-                                         FlushRow{"r.flush_queue", false}, FlushRow{"", false}));
-
+// A marker is the dotted name anywhere in an entry.
 TEST(TraceAnnotatorTest, RmQueueFlushesKeepsTheOrderOfTheRest) {
-    EXPECT_EQ(TraceAnnotator::rm_queue_flushes(
-                  {"r.<<flush_queue>>", "r.a", "s.<<flush_queue>>", "p.b", "r.<<flush_queue>>"}),
-              (Trace{"r.a", "p.b"}));
-    EXPECT_EQ(TraceAnnotator::rm_queue_flushes({}), Trace{});
+    EXPECT_EQ(TraceAnnotator::rm_queue_flushes({"r.<<flush_queue>>", "r.a", ".<<flush_queue>>",
+                                                "<<flush_queue>>", "a.b.<<flush_queue>>x",
+                                                "r.<<flush_queue>", "p.b"}),
+              (Trace{"r.a", "<<flush_queue>>", "r.<<flush_queue>", "p.b"}));
 }
 
 } // namespace
