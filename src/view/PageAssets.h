@@ -39,7 +39,8 @@ inline constexpr char const* hint =
     "where it stands in the source.</p>\n";
 
 // Hovering shows a step's section until a click pins one; a click on the
-// background lets go again. Keyboard focus works like a click.
+// background lets go again. Keyboard focus works like a click, and an address
+// ending in #N opens with element N pinned, so that a step can be linked to.
 inline constexpr char const* pageScript = R"(<script>
 (function () {
   var picture = document.querySelector('.picture');
@@ -56,6 +57,10 @@ inline constexpr char const* pageScript = R"(<script>
   picture.addEventListener('mouseover', function (e) { var g = stepOf(e); if (g && !pinned) show(g); });
   picture.addEventListener('click', function (e) { var g = stepOf(e); pinned = g !== null; show(g); });
   picture.addEventListener('focusin', function (e) { var g = stepOf(e); if (g) { pinned = true; show(g); } });
+  if (/^#[0-9]+$/.test(location.hash)) {
+    var linked = picture.querySelector('[data-index="' + location.hash.slice(1) + '"]');
+    if (linked) { pinned = true; show(linked); }
+  }
 })();
 </script>
 )";

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Loads the viewer's page of a constrained component's run in headless
 # Chromium: the screenshot must have the window's size and not be blank, and
-# the DOM that the browser built must hold the lifelines in order and the verdict.
+# the DOM that the browser built must hold the lifelines in order, the verdict,
+# and the details of the step the verdict points at, opened by the page's script.
 # Usage: browser_test.sh VIEWER CASE_DIR LIFELINE... -- VERDICT
 set -uo pipefail
 viewer=$1
@@ -47,11 +48,15 @@ run_bytes=$(stat -c %s "$work/run.png") blank_bytes=$(stat -c %s "$work/blank.pn
 [ "$run_bytes" -gt $((blank_bytes * 3)) ] ||
     fail "the screenshot looks blank: $run_bytes bytes, a blank page $blank_bytes"
 
-chromium_run --dump-dom "file://$work/run.html" >"$work/dom.html" || fail "no DOM dumped"
+# Opened at the verdict's step, the page's script must show that step's details.
+step=$(grep -o 'data-points-at="[0-9]*"' "$work/run.html" | grep -o '[0-9]*')
+chromium_run --dump-dom "file://$work/run.html#$step" >"$work/dom.html" || fail "no DOM dumped"
+grep -q "<section class=\"detail\" id=\"detail-$step\">" "$work/dom.html" ||
+    fail "the details of step '$step' are not shown"
 names=$(grep -o '<g class="lifeline[^>]*data-name="[^"]*"' "$work/dom.html" | sed 's/.*data-name="//; s/"$//')
 [ "$(echo $names)" = "${lifelines[*]}" ] || fail "lifelines '$(echo $names)', not '${lifelines[*]}'"
 # The browser writes the tooltips' line breaks out, so the verdict is sought
 # in the DOM as one line.
 tr '\n' ' ' <"$work/dom.html" | grep -q "<g class=\"verdict\" data-index=\"[0-9]*\" data-points-at=\"[0-9]*\".*<text class=\"message\"[^>]*>✗ $verdict</text>" ||
     fail "no verdict '$verdict' pointing at a step in the DOM"
-echo "page of $(basename "$case_dir"): $size screenshot of $run_bytes bytes, lifelines ${lifelines[*]}, verdict '$verdict'"
+echo "page of $(basename "$case_dir"): $size screenshot of $run_bytes bytes, lifelines ${lifelines[*]}, verdict '$verdict' at step $step"
