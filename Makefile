@@ -18,7 +18,8 @@ build: setup
 	@cmake --build $(BUILD_DIR) -j $(JOBS)
 
 demo: build
-	@scripts/demo.sh $(BUILD_DIR)/src/tool/kel-trace
+	@scripts/demo.sh $(BUILD_DIR)/src/tool/kel-trace $(BUILD_DIR)/src/view/kel-trace-view \
+		$(BUILD_DIR)/demo.html
 
 test: build
 	@cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
