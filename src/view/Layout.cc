@@ -26,21 +26,24 @@ Element const* findLifeline(Diagram const& diagram, std::string const& name) {
     return nullptr;
 }
 
-// The lifeline a step's arrow crosses to, null for the environment. The
-// component's own steps name the port in front of the event ("p.e"); a
-// port's steps cross to the component.
+// The lifeline a step's arrow crosses to, null for the environment. A port's
+// steps cross to the component; the component's own steps name the port in
+// front of the event ("p.e"), the longest name that fits when names nest.
 Element const* partner(Diagram const& diagram, Element const& own, Element const& step) {
-    Element const* best = nullptr;
+    Element const* found = nullptr;
     for (Element const& other : diagram.lifelines) {
-        bool const fits = own.role == "component"
-                              ? step.label().starts_with(other.instance + ".") &&
-                                    (!best || other.instance.size() > best->instance.size())
-                              : other.role == "component";
-        if (&other != &own && fits) {
-            best = &other;
+        if (&other == &own) {
+            continue;
+        }
+        if (own.role != "component" && other.role == "component") {
+            return &other;
+        }
+        if (own.role == "component" && step.label().starts_with(other.instance + ".") &&
+            (found == nullptr || other.instance.size() > found->instance.size())) {
+            found = &other;
         }
     }
-    return best;
+    return found;
 }
 
 // Calls go from the client to the server, replies and notifications back.

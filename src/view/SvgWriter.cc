@@ -5,8 +5,10 @@
 #include "view/StepText.h"
 #include "view/SvgStyle.h"
 
-#include <iomanip>
+#include <array>
+#include <charconv>
 #include <sstream>
+#include <string_view>
 
 namespace view {
 
@@ -18,13 +20,14 @@ struct Num {
 };
 
 std::ostream& operator<<(std::ostream& out, Num n) {
-    std::ostringstream text;
-    text << std::fixed << std::setprecision(1) << n.value;
-    std::string s = text.str();
-    if (s.ends_with(".0")) {
-        s.resize(s.size() - 2);
+    std::array<char, 32> text{};
+    auto const end =
+        std::to_chars(text.begin(), text.end(), n.value, std::chars_format::fixed, 1).ptr;
+    std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
+    if (digits.ends_with(".0")) {
+        digits.remove_suffix(2);
     }
-    return out << s;
+    return out << digits;
 }
 
 char const* syncClass(SyncType sync) {
