@@ -59,7 +59,9 @@ void ModelState::singleStepReplyStatement(kel::ReplyStatement const& statement) 
         programError("Reply statement does not match event return type.");
         return;
     }
-    if (fitsCall) {
+    // A reply to the call is stored as such even when only the blocked call's
+    // type fits it: the check above has already let it through.
+    if (toCall) {
         if (expression != nullptr) {
             setReply(*expression);
         } else {

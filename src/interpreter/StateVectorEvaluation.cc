@@ -14,8 +14,10 @@ using Value = StateVariableValuePtr;
 
 Value Bool(bool value) { return std::make_unique<BoolStateVariableValue>(value); }
 
-// A checked model reads no variable before it has a value; should one slip
-// through, the run stops with a clear error rather than reading nothing.
+// A variable read before it has a value (`bool c = !c;`) makes the whole
+// expression valueless, so that the statement that evaluates it ends the run
+// as a fault of the model. Only a guard or a condition, which must decide,
+// has to refuse it outright.
 Value Defined(Value value) {
     if (value == nullptr) {
         throw std::runtime_error(
@@ -24,17 +26,31 @@ Value Defined(Value value) {
     return value;
 }
 
-// Both operands, first operand first.
-template <class Binary>
-std::pair<Value, Value> Operands(StateVector const& vector, Binary const& expression) {
-    auto first = Defined(vector.EvaluateExpression(expression.getExpr1()));
-    return {std::move(first), Defined(vector.EvaluateExpression(expression.getExpr2()))};
+// Applies `operation` to both operands, first operand first; no value when
+// either has none.
+template <class Binary, class Operation>
+Value Combine(StateVector const& vector, Binary const& expression, Operation operation) {
+    auto const left = vector.EvaluateExpression(expression.getExpr1());
+    auto const right = vector.EvaluateExpression(expression.getExpr2());
+    return left == nullptr || right == nullptr ? nullptr : operation(*left, *right);
 }
 
 template <class Binary, class Compare>
 Value CompareInts(StateVector const& vector, Binary const& expression, Compare compare) {
-    auto const [left, right] = Operands(vector, expression);
-    return Bool(compare(IntStateVariableValue(*left), IntStateVariableValue(*right)));
+    return Combine(vector, expression, [&](auto const& left, auto const& right) {
+        return Bool(compare(IntStateVariableValue(left), IntStateVariableValue(right)));
+    });
+}
+
+// `and` and `or` decide on their first operand where it suffices.
+template <class Binary>
+Value ShortCircuit(StateVector const& vector, Binary const& expression, bool decisive) {
+    auto const left = vector.EvaluateExpression(expression.getExpr1());
+    if (left == nullptr || (BoolStateVariableValue(decisive) == *left)) {
+        return left == nullptr ? nullptr : Bool(decisive);
+    }
+    auto const right = vector.EvaluateExpression(expression.getExpr2());
+    return right == nullptr ? nullptr : Bool(BoolStateVariableValue(true) == *right);
 }
 
 bool HoldsExpressionGuard(StateVector const& vector, kel::Guard const* guard) {
@@ -73,23 +89,22 @@ StateVariableValuePtr StateVector::EvaluateExpression(kel::Expression const& exp
         return value == nullptr ? nullptr : value->clone();
     }
     if (auto const* conjunction = expression.asBooleanAndExpression()) {
-        return Bool(BoolExpressionValue(conjunction->getExpr1()) &&
-                    BoolExpressionValue(conjunction->getExpr2()));
+        return ShortCircuit(*this, *conjunction, false);
     }
     if (auto const* disjunction = expression.asBooleanOrExpression()) {
-        return Bool(BoolExpressionValue(disjunction->getExpr1()) ||
-                    BoolExpressionValue(disjunction->getExpr2()));
+        return ShortCircuit(*this, *disjunction, true);
     }
     if (auto const* negation = expression.asBooleanNotExpression()) {
-        return Bool(!BoolExpressionValue(negation->getExpr()));
+        auto const operand = EvaluateExpression(negation->getExpr());
+        return operand == nullptr ? nullptr : Bool(!(BoolStateVariableValue(true) == *operand));
     }
     if (auto const* equality = expression.asIsEqualExpression()) {
-        auto const [left, right] = Operands(*this, *equality);
-        return Bool(*left == *right);
+        return Combine(*this, *equality,
+                       [](auto const& left, auto const& right) { return Bool(left == right); });
     }
     if (auto const* inequality = expression.asIsNotEqualExpression()) {
-        auto const [left, right] = Operands(*this, *inequality);
-        return Bool(*left != *right);
+        return Combine(*this, *inequality,
+                       [](auto const& left, auto const& right) { return Bool(left != right); });
     }
     if (auto const* less = expression.asIsLessExpression()) {
         return CompareInts(*this, *less, [](auto const& a, auto const& b) { return a < b; });
@@ -105,12 +120,14 @@ StateVariableValuePtr StateVector::EvaluateExpression(kel::Expression const& exp
                            [](auto const& a, auto const& b) { return a >= b; });
     }
     if (auto const* plus = expression.asPlusExpression()) {
-        auto const [left, right] = Operands(*this, *plus);
-        return IntStateVariableValue(*left).operator+(IntStateVariableValue(*right)).clone();
+        return Combine(*this, *plus, [](auto const& left, auto const& right) {
+            return (IntStateVariableValue(left) + IntStateVariableValue(right)).clone();
+        });
     }
     if (auto const* minus = expression.asMinusExpression()) {
-        auto const [left, right] = Operands(*this, *minus);
-        return IntStateVariableValue(*left).operator-(IntStateVariableValue(*right)).clone();
+        return Combine(*this, *minus, [](auto const& left, auto const& right) {
+            return (IntStateVariableValue(left) - IntStateVariableValue(right)).clone();
+        });
     }
     if (expression.asFunctionCallExpression() != nullptr) {
         throw std::runtime_error(

@@ -66,6 +66,15 @@ component Blocker {
         on r.o(): p.reply();
     }
 }
+component SelfReply {
+    provides I p;
+    requires I r;
+    behaviour {
+        blocking on p.e(): {}
+        blocking on p.q(): { r.e(); p.reply(); }
+        on r.o(): {}
+    }
+}
 )");
     return source;
 }
@@ -210,7 +219,12 @@ INSTANTIATE_TEST_SUITE_P(
         // On the way that blocked p.e and then served the queue.
         MessageCase{"AReleaseThatTheTraceDoesNotShow", "Blocker", {"p.e", "r.o", "p.e"}, 1,
                     "Thread release statement does not match remaining event trace head (p.e)",
-                    false}),
+                    false},
+        // A void reply on the calling port fits only its blocked call, yet it
+        // is taken as the reply to the call too, which so has no value.
+        MessageCase{"AVoidReplyOnTheCallingPortThatHoldsABlockedCall", "SelfReply",
+                    {"p.e", "p.q", "r.e", "r.o", "r.return", "p.return"}, 3,
+                    "Completeness: p.q reply value not set", true}),
     [](auto const& info) { return info.param.name; });
 // clang-format on
 

@@ -63,6 +63,7 @@ component Overflow {
         on p.q(): { n = inc(n + 1); reply(true); }
     }
 }
+component Unset { provides I p; behaviour { on p.e(): { bool c = !c; } } }
 component Blocks {
     provides I p;
     requires I r;
@@ -195,12 +196,13 @@ struct OverflowCase {
     std::string event;
     std::string message;
     std::vector<std::string> tail;
+    char const* model = "Overflow";
 };
 
 class OverflowTest : public testing::TestWithParam<OverflowCase> {};
 
-TEST_P(OverflowTest, AValueOutOfRangeIsAProgramError) {
-    auto const states = MatchingStates(Source().run("Overflow"), {GetParam().event});
+TEST_P(OverflowTest, AValueOutOfRangeOrMissingIsAProgramError) {
+    auto const states = MatchingStates(Source().run(GetParam().model), {GetParam().event});
     ASSERT_EQ(states.size(), 1u);
     ModelState const& state = *states[0];
     EXPECT_TRUE(state.isStopped);
@@ -223,7 +225,11 @@ INSTANTIATE_TEST_SUITE_P(
         OverflowCase{"FunctionResult", "p.f", Assignment,
                      {"FunctionCall", "ReturnStatement", "AssignmentStatement", "Error"}},
         OverflowCase{"Parameter", "p.q",
-                     "Function actual parameter declaration failed. Range error for variable x", {}}),
+                     "Function actual parameter declaration failed. Range error for variable x", {}},
+        // A variable read in its own initial value has none yet.
+        OverflowCase{"UnsetVariable", "p.e",
+                     "expression could not be evaluated due to uninitialized variable",
+                     {"OnEvent", "Error"}, "Unset"}),
     [](auto const& info) { return info.param.name; });
 // clang-format on
 
