@@ -7,6 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <pthread.h>
+
+#include <functional>
 #include <set>
 #include <utility>
 
@@ -23,6 +26,14 @@ interface I {
     behaviour { on e: {} on q: reply(true); on optional: o; on optional: n; }
 }
 component CallsOut { provides I p; requires I r; behaviour { on p.e(): { r.e(); } } }
+component Notified { provides I p; requires I r; behaviour { on r.n(): p.o(); } }
+interface Fork {
+    in void e(); out void o();
+    behaviour {
+        on e: o;
+        on optional: o;
+    }
+}
 component Twice {
     provides I p;
     behaviour { bool b = true; on p.e(): {} [b] on p.e(): b = false; }
@@ -54,12 +65,30 @@ interface J {
 }
 component UsesJ { provides J p; behaviour { on p.e(): {} } }
 component CallsJ { provides I p; requires J r; behaviour { on p.e(): r.e(); } }
-interface Long { in void e(); out void o(); behaviour { on e: {} on optional: o; } }
+interface Long {
+    in void e(); out void o();
+    behaviour { bool b = false; bool flip(bool x) { return !x; } on e: b = flip(b); on optional: o; }
+}
 )");
     return source;
 }
 
 using Step = ProgramStep;
+
+// Runs `work` on a thread with a stack of 1 MB.
+void OnSmallStack(std::function<void()> work) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, std::size_t{1} << 20);
+    pthread_t thread;
+    auto const run = [](void* argument) -> void* {
+        (*static_cast<std::function<void()>*>(argument))();
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attributes, run, &work), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attributes);
+}
 
 struct Expected {
     std::vector<Kind> added;
@@ -108,6 +137,46 @@ TEST(MatchingStatesTest, ACallThatStopsAheadOfTheCallItMakes) {
     EXPECT_FALSE(IsModelOccupied(Source().run("CallsOut"), {"p.e", "r.e", "r.return", "p.return"}));
     // An error is no occupation.
     EXPECT_FALSE(IsModelOccupied(Source().run("Errors"), trace));
+}
+
+TEST(MatchingStatesTest, ANotification) {
+    ModelState state(Source().run("Notified"), {"r.n", "p.o"});
+    StepThrough(state, {{{Step::PSK_Enqueue}, 1}, {{Step::PSK_ThreadEnter}, 1}});
+    EXPECT_EQ(state.GetActivationPort(), &Source().port("Notified", "r"));
+    StepThrough(state, {{{}, 1},
+                        {{Step::PSK_Dequeue, Step::PSK_Statement, Step::PSK_OnEvent}, 1},
+                        {{Step::PSK_Statement, Step::PSK_Receive}, 2}});
+    EXPECT_EQ(state.claimedProvidedPort, &Source().port("Notified", "p"));
+    StepThrough(state, {{{Step::PSK_ThreadExit}, 2}});
+    EXPECT_TRUE(state.IsIdle());
+    EXPECT_TRUE(state.IsSolution());
+}
+
+TEST(MatchingStatesTest, AFork) {
+    std::vector<std::string> const trace{"e", "o", "return"};
+    auto const first = First(Source().run("Fork"), trace);
+    first->singleStep();
+    ASSERT_EQ(first->continuations.size(), 2u);
+    EXPECT_EQ(first->continuations[0]->activationEvent.str(), "tau");
+    EXPECT_EQ(first->continuations[1]->activationEvent.str(), "e");
+
+    auto const leaves = Leaves(Source().run("Fork"), trace);
+    EXPECT_THAT(
+        Messages(leaves),
+        ElementsAre(
+            OnLine(11, "activation event tau"),
+            "Action statement on line: 12 does not represent remaining event trace head (e)", "",
+            OnLine(12, "current call context.")));
+    std::vector<std::size_t> indices;
+    for (auto const& leaf : leaves) {
+        indices.push_back(leaf->namedEventIndex);
+    }
+    EXPECT_THAT(indices, ElementsAre(0u, 0u, 3u, 0u));
+
+    auto const states = MatchingStates(Source().run("Fork"), trace);
+    ASSERT_EQ(states.size(), 1u);
+    EXPECT_TRUE(states[0]->IsSolution());
+    EXPECT_EQ(states[0]->namedEventIndex, 3u);
 }
 
 TEST(MatchingStatesTest, SolutionsComeInTheOrderOfTheForks) {
@@ -159,11 +228,11 @@ TEST(MatchingStatesTest, TheFirstOfTheFurthestDeadEndsIsPromoted) {
     EXPECT_TRUE(state.isProgramError);
     EXPECT_EQ(state.message, "Invalid event trace");
     EXPECT_EQ(state.namedEventIndex, 2u);
-    // Two ways got as far; the one on line 22 was found first.
+    // Two ways got as far; the one on line 30 was found first.
     auto const steps = state.programTrace->ToVector();
     ASSERT_GT(steps.size(), 2u);
     ASSERT_EQ(steps[2]->kind, Step::PSK_Statement);
-    EXPECT_EQ(steps[2]->statement->getBeginLine(), 22);
+    EXPECT_EQ(steps[2]->statement->getBeginLine(), 30);
     EXPECT_EQ(LastStep(state).kind, Step::PSK_Error);
 }
 
@@ -198,7 +267,8 @@ INSTANTIATE_TEST_SUITE_P(
     [](auto const& info) { return info.param.name; });
 
 // At each call the autonomous way and the other on statement die at once, so
-// the search goes two hundred thousand entries deep through forks.
+// the search goes two hundred thousand entries deep through forks, and every
+// call runs a function.
 TEST(MatchingStatesTest, ALongTraceDoesNotExhaustTheStack) {
     constexpr std::size_t calls = 100'000;
     std::vector<std::string> trace;
@@ -207,13 +277,17 @@ TEST(MatchingStatesTest, ALongTraceDoesNotExhaustTheStack) {
         trace.emplace_back("e");
         trace.emplace_back("return");
     }
-    auto const states = MatchingStates(Source().run("Long"), trace);
+    // A stack that a frame per fork would overflow many times over.
+    ModelStates states;
+    OnSmallStack([&] { states = MatchingStates(Source().run("Long"), trace); });
     ASSERT_EQ(states.size(), 1u);
     EXPECT_TRUE(states[0]->IsSolution());
     EXPECT_EQ(states[0]->namedEventIndex, 2 * calls);
-    // Initialize, then ThreadEnter, on's Statement and OnEvent, the return and
-    // ThreadExit for each call.
-    EXPECT_EQ(states[0]->programTrace->size(), 1 + 5 * calls);
+    // Initialize, then for each call ThreadEnter, the on's Statement and
+    // OnEvent, the function's FunctionCall, ReturnStatement and assignment,
+    // the return and ThreadExit.
+    EXPECT_EQ(states[0]->programTrace->size(), 1 + 8 * calls);
+    EXPECT_EQ(ValueOf(states[0]->stateVector, "b"), "false");
 }
 
 } // namespace
