@@ -1,21 +1,14 @@
 // The cost of a fork: the copy of a state in the middle of a run, with a
 // component's typical variables, a function frame and a long shared trace.
 #include "AllocationCounter.h"
+#include "BenchSource.h"
 
 #include "interpreter/ModelState.h"
 
 #include "metamodel/Behaviour.h"
-#include "metamodel/BuiltinDeclarations.h"
-#include "metamodel/Factory.h"
 #include "metamodel/FunctionDeclaration.h"
-#include "metamodel/Kel.h"
-#include "om/ObjectModel.h"
-#include "parser/grammar/Parser.h"
 
 #include <benchmark/benchmark.h>
-
-#include <sstream>
-#include <stdexcept>
 
 namespace {
 
@@ -46,32 +39,13 @@ component C {
 }
 )";
 
-struct Run {
-    Run() {
-        store.createRecursive(kel::Root::ClassName);
-        std::istringstream in(Source);
-        if (!parser.parseStream(in, "bench.kel", {}, false, true, true)) {
-            throw std::runtime_error("the bench source does not load");
-        }
-        for (auto const* model : kel::GetDefaultNamespace(store)->getModelsVec()) {
-            if (model->getName() == "C") {
-                instance = std::make_shared<ModelInstance const>(*model);
-            }
-        }
-    }
-
-    kel::Factory factory;
-    om::ObjectModel store{factory};
-    language::Parser parser{store};
-    ModelInstancePtr instance;
-};
-
 // A state half-way through a trace of 100,000 entries, inside a function.
-ModelState MidRun(Run const& run) {
+ModelState MidRun(bench::BenchSource const& source) {
     std::vector<std::string> trace(100'000, "p.start");
-    ModelState state(run.instance, trace);
+    auto const instance = source.run("C");
+    ModelState state(instance, trace);
     state.namedEventIndex = 50'000;
-    auto const& behaviour = run.instance->model->getBehaviour();
+    auto const& behaviour = instance->model->getBehaviour();
     auto const& function = *behaviour.getFunctions()[0];
     state.program.OpenScope(behaviour.getStatement());
     state.program.PushStatement(function.getStatement());
@@ -82,8 +56,8 @@ ModelState MidRun(Run const& run) {
 }
 
 void BM_Fork(benchmark::State& state) {
-    Run const run;
-    ModelState const source = MidRun(run);
+    bench::BenchSource const loaded(Source);
+    ModelState const source = MidRun(loaded);
     std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
         ModelState copy(source);
@@ -95,8 +69,8 @@ BENCHMARK(BM_Fork);
 
 // The copy of an eligibility test, whose trace is longer by one event.
 void BM_ForkWithLongerTrace(benchmark::State& state) {
-    Run const run;
-    ModelState const source = MidRun(run);
+    bench::BenchSource const loaded(Source);
+    ModelState const source = MidRun(loaded);
     std::string const name = "p.start";
     std::size_t const before = bench::allocationCount();
     for (auto _ : state) {
