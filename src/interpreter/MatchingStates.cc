@@ -51,18 +51,45 @@ void CompleteMatchingStates(ModelStatePtr state, ModelStates& solutions, ModelSt
     }
 }
 
+// The search of MatchingStates; `wholeHistory` false for one whose states'
+// histories nobody reads.
+ModelStates Search(ModelInstancePtr const& instance, Names const& namedEventTrace,
+                   bool wholeHistory) {
+    ModelStates solutions;
+    ModelStates partials;
+    auto first = std::make_unique<ModelState>(instance, namedEventTrace);
+    first->keepsWholeHistory = wholeHistory;
+    CompleteMatchingStates(std::move(first), solutions, partials);
+    if (solutions.empty() && !partials.empty()) {
+        partials.front()->PromoteToError();
+        solutions.push_back(std::move(partials.front()));
+    }
+    // Stable, so that among equals the order of discovery always stands.
+    std::stable_sort(solutions.begin(), solutions.end(), [](auto const& a, auto const& b) {
+        return a->namedEventIndex > b->namedEventIndex;
+    });
+    std::stable_partition(solutions.begin(), solutions.end(),
+                          [](auto const& state) { return state->isProgramError; });
+    if (solutions.empty()) {
+        throw std::runtime_error("MatchingStates shall never return empty list");
+    }
+    return solutions;
+}
+
 bool isEligible(ModelState const& state, std::string const& name) {
     ModelStates solutions;
     ModelStates partials;
-    CompleteMatchingStates(std::make_unique<ModelState>(state, name), solutions, partials);
+    auto next = std::make_unique<ModelState>(state, name);
+    next->keepsWholeHistory = false;
+    CompleteMatchingStates(std::move(next), solutions, partials);
     return !solutions.empty() &&
            std::none_of(solutions.begin(), solutions.end(),
                         [](auto const& solution) { return solution->IsIllegal(); });
 }
 
-std::set<std::string> getEligible(ModelInstancePtr const& instance, Names const& trace) {
+// What may follow the trace whose matching states are `states`.
+std::set<std::string> getEligible(ModelStates const& states) {
     std::set<std::string> eligible;
-    auto const states = MatchingStates(instance, trace);
     if (states.front()->isProgramError) {
         return eligible;
     }
@@ -74,6 +101,10 @@ std::set<std::string> getEligible(ModelInstancePtr const& instance, Names const&
         }
     }
     return eligible;
+}
+
+std::set<std::string> getEligible(ModelInstancePtr const& instance, Names const& trace) {
+    return getEligible(Search(instance, trace, false));
 }
 
 Names filter(Names const& names, std::string const& portName) {
@@ -114,9 +145,8 @@ bool IsOccupiedPort(kel::PortDeclaration const& port, Names const& trace) {
 }
 
 std::set<std::string> EligibleEventsOfComponent(ModelInstancePtr const& instance,
-                                                Names const& trace) {
+                                                Names const& trace, ModelStates const& states) {
     std::set<std::string> eligible;
-    auto const states = MatchingStates(instance, trace);
     auto const& state = *states.front();
     if (state.isProgramError) {
         return eligible;
@@ -131,7 +161,7 @@ std::set<std::string> EligibleEventsOfComponent(ModelInstancePtr const& instance
             }
         }
         if (state.stateVector.queue.empty() && !state.armedPorts.empty()) {
-            for (auto const& name : getEligible(instance, trace)) {
+            for (auto const& name : getEligible(states)) {
                 if (instance->isOutputEvent(name)) {
                     eligible.insert(name);
                 }
@@ -145,7 +175,7 @@ std::set<std::string> EligibleEventsOfComponent(ModelInstancePtr const& instance
             IsOccupiedPort(*port, trace)) {
             return EligibleOnPort(*port, trace);
         }
-        return getEligible(instance, trace);
+        return getEligible(states);
     }
     auto const* port = state.GetActionPort();
     return port == nullptr ? eligible : EligibleOnPort(*port, trace);
@@ -154,28 +184,11 @@ std::set<std::string> EligibleEventsOfComponent(ModelInstancePtr const& instance
 } // namespace
 
 ModelStates MatchingStates(ModelInstancePtr const& instance, Names const& namedEventTrace) {
-    ModelStates solutions;
-    ModelStates partials;
-    CompleteMatchingStates(std::make_unique<ModelState>(instance, namedEventTrace), solutions,
-                           partials);
-    if (solutions.empty() && !partials.empty()) {
-        partials.front()->PromoteToError();
-        solutions.push_back(std::move(partials.front()));
-    }
-    // Stable, so that among equals the order of discovery always stands.
-    std::stable_sort(solutions.begin(), solutions.end(), [](auto const& a, auto const& b) {
-        return a->namedEventIndex > b->namedEventIndex;
-    });
-    std::stable_partition(solutions.begin(), solutions.end(),
-                          [](auto const& state) { return state->isProgramError; });
-    if (solutions.empty()) {
-        throw std::runtime_error("MatchingStates shall never return empty list");
-    }
-    return solutions;
+    return Search(instance, namedEventTrace, true);
 }
 
 bool IsModelOccupied(ModelInstancePtr const& instance, Names const& namedEventTrace) {
-    auto const states = MatchingStates(instance, namedEventTrace);
+    auto const states = Search(instance, namedEventTrace, false);
     return !states.front()->isProgramError &&
            std::all_of(states.begin(), states.end(),
                        [](auto const& state) { return state->isActive; });
@@ -183,12 +196,17 @@ bool IsModelOccupied(ModelInstancePtr const& instance, Names const& namedEventTr
 
 std::set<std::string> EligibleEvents(ModelInstancePtr const& instance,
                                      Names const& namedEventTrace) {
+    return EligibleEvents(instance, namedEventTrace, Search(instance, namedEventTrace, false));
+}
+
+std::set<std::string> EligibleEvents(ModelInstancePtr const& instance,
+                                     Names const& namedEventTrace, ModelStates const& states) {
     auto const& model = *instance->model;
     if (model.asInterfaceDeclaration() != nullptr) {
-        return getEligible(instance, namedEventTrace);
+        return getEligible(states);
     }
     if (model.asComponentDeclaration() != nullptr) {
-        return EligibleEventsOfComponent(instance, namedEventTrace);
+        return EligibleEventsOfComponent(instance, namedEventTrace, states);
     }
     return {};
 }

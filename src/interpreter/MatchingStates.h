@@ -21,3 +21,8 @@ bool IsModelOccupied(ModelInstancePtr const& instance,
 // an empty set after a clean run is a deadlock.
 std::set<std::string> EligibleEvents(ModelInstancePtr const& instance,
                                      std::vector<std::string> const& namedEventTrace);
+// The same, where the MatchingStates of exactly this instance and trace are at
+// hand already: a long run need not be searched twice.
+std::set<std::string> EligibleEvents(ModelInstancePtr const& instance,
+                                     std::vector<std::string> const& namedEventTrace,
+                                     ModelStates const& matchingStates);

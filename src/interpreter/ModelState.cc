@@ -53,7 +53,7 @@ ModelState::ModelState(ModelState const& source)
       program(source.program), isStopped(source.isStopped),
       isProgramError(source.isProgramError), message(source.message),
       namedEventTrace(source.namedEventTrace), namedEventIndex(source.namedEventIndex),
-      armedPorts(source.armedPorts) {}
+      armedPorts(source.armedPorts), keepsWholeHistory(source.keepsWholeHistory) {}
 
 ModelState::ModelState(ModelState const& source, kel::PortEvent&& event) : ModelState(source) {
     singleStepActivate(std::move(event));
@@ -73,6 +73,10 @@ void ModelState::trace(ProgramStepPtr step) {
     if (step->kind == ProgramStep::PSK_Error && newest &&
         newest->kind == ProgramStep::PSK_Error) {
         programTrace->step = std::move(step);
+        return;
+    }
+    if (!keepsWholeHistory && step->isSynchronizationStep()) {
+        programTrace = std::make_shared<ProgramTrace>(programTrace->size(), std::move(step));
         return;
     }
     programTrace = std::make_shared<ProgramTrace>(std::move(programTrace), std::move(step));

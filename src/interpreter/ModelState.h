@@ -172,6 +172,10 @@ public:
     SharedTrace namedEventTrace;
     std::size_t namedEventIndex = 0;
     std::vector<kel::PortDeclaration const*> armedPorts;
+    // False in a search whose histories nobody reads: each state then keeps
+    // only what the hidden-loop check reads, the steps back to its last
+    // synchronization, and a long run's history need not fit in memory twice.
+    bool keepsWholeHistory = true;
 
 private:
     bool isComponent() const;

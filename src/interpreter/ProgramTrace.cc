@@ -8,6 +8,9 @@ ProgramTrace::ProgramTrace(ProgramTracePtr parent, ProgramStepPtr step)
     length = (this->parent ? this->parent->length : 0) + (this->step ? 1 : 0);
 }
 
+ProgramTrace::ProgramTrace(std::size_t olderSteps, ProgramStepPtr step)
+    : step(std::move(step)), length(olderSteps + 1) {}
+
 ProgramTrace::~ProgramTrace() {
     // Left to itself, each node's parent pointer would destroy the next node
     // from inside this destructor, one stack frame per node. Instead, take

@@ -16,6 +16,8 @@ public:
     // The root of a run: no parent, no step.
     ProgramTrace() = default;
     ProgramTrace(ProgramTracePtr parent, ProgramStepPtr step);
+    // A node that lets go of the older steps but still counts them.
+    ProgramTrace(std::size_t olderSteps, ProgramStepPtr step);
     // Unlinks its own chain without recursion: a history may be millions
     // of nodes long.
     ~ProgramTrace();

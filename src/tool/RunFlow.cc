@@ -72,6 +72,16 @@ bool EndsCleanly(MicroTrace const& trace) {
     return !trace.isProtocolViolation && trace.steps.back()->kind != ProgramStep::PSK_Error;
 }
 
+// Whether nothing may follow the trace without its queue-flush markers. Where
+// it had none, the main run's states are those of that trace already.
+bool IsDeadlocked(ModelInstancePtr const& instance, NamedEventTrace const& trace,
+                  ModelStates const& states) {
+    auto const flushFree = TraceAnnotator::rm_queue_flushes(trace);
+    auto const eligible = flushFree == trace ? EligibleEvents(instance, flushFree, states)
+                                             : EligibleEvents(instance, flushFree);
+    return eligible.empty();
+}
+
 } // namespace
 
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
@@ -105,7 +115,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
         microTrace.error(errorText);
     }
     if (EndsCleanly(microTrace) && microTrace.error().empty() &&
-        EligibleEvents(instance, TraceAnnotator::rm_queue_flushes(trace)).empty()) {
+        IsDeadlocked(instance, trace, states)) {
         microTrace.error("deadlock in model " + instance->getName());
     }
     printTrace(microTrace, type, out);
