@@ -1,7 +1,6 @@
 #include "tool/DiagramElements.h"
 
 #include "interpreter/ModelInstance.h"
-#include "interpreter/ProgramStep.h"
 
 #include "metamodel/File.h"
 #include "metamodel/InterfaceDeclaration.h"
@@ -27,92 +26,139 @@ bool IsReturn(ProgramStep const& step) {
            step.kind == ProgramStep::PSK_ActionReturn;
 }
 
-JsonValue State(StateVector const& vector) {
-    JsonValue state(JsonValue::Array);
+void WriteMember(JsonWriter& out, char const* key, std::string const& value) {
+    out.key(key);
+    out.value(value);
+}
+
+void WriteState(JsonWriter& out, StateVector const& vector) {
+    out.key("state");
+    out.beginArray();
     for (auto const& [variable, value] : vector.ToVarValPairVec()) {
-        JsonValue pair;
-        pair["variable"] = variable;
-        pair["value"] = value;
-        state.append(pair);
+        out.beginObject();
+        WriteMember(out, "variable", variable);
+        WriteMember(out, "value", value);
+        out.endObject();
     }
-    return state;
+    out.endArray();
+}
+
+void WriteLocation(JsonWriter& out, kel::Location const& location, std::size_t index) {
+    out.beginObject();
+    // Declarations that the tool makes itself come from no file.
+    auto const* file = location.tryGetFile();
+    out.key("file");
+    out.value(file != nullptr ? std::string_view(file->getName()) : std::string_view());
+    out.key("line");
+    out.value(location.getBeginLine());
+    out.key("column");
+    out.value(location.getBeginColumn());
+    out.key("end");
+    out.beginObject();
+    out.key("line");
+    out.value(location.getEndLine());
+    out.key("column");
+    out.value(location.getEndColumn());
+    out.endObject();
+    out.key("index");
+    out.value(static_cast<std::int64_t>(index));
+    out.endObject();
+}
+
+// What the step's lifeline shows of its event, or of its reply; "" if none.
+std::string SynchronizationText(ProgramStep const& step, bool onPort) {
+    if (IsReturn(step)) {
+        return onPort ? step.getPortReturn().value_str() : step.to_net_string();
+    }
+    if (step.hasPortEvent()) {
+        return onPort ? step.getPortEvent().event_str() : step.to_net_string();
+    }
+    return {};
 }
 
 } // namespace
 
-JsonValue selections(std::vector<kel::Location const*> const& locations) {
-    JsonValue array(JsonValue::Array);
+void WriteSelection(JsonWriter& out, Locations const& locations, std::size_t index) {
+    out.key("selection");
+    out.beginArray();
     for (auto const* location : locations) {
-        JsonValue entry;
-        // Declarations that the tool makes itself come from no file.
-        auto const* file = location->tryGetFile();
-        entry["file"] = file != nullptr ? file->getName() : std::string();
-        entry["line"] = location->getBeginLine();
-        entry["column"] = location->getBeginColumn();
-        entry["end"]["line"] = location->getEndLine();
-        entry["end"]["column"] = location->getEndColumn();
-        array.append(entry);
+        WriteLocation(out, *location, index);
     }
-    return array;
+    if (locations.empty()) {
+        out.beginObject();
+        out.key("index");
+        out.value(static_cast<std::int64_t>(index));
+        out.endObject();
+    }
+    out.endArray();
 }
 
-JsonValue Step(MicroStep const& microStep) {
-    ProgramStep const& step = *microStep;
+void WriteStep(JsonWriter& out, ProgramStep const& step,
+               std::optional<kel::Location const*> borrowed, std::size_t index) {
     ModelInstance const& instance = *step.stateVector.modelInstance;
     // A port's lifeline names the port already; the model's shows it in front.
     bool const onPort = instance.port != nullptr;
-    std::string const kindName = step.getStepKindName();
-    JsonValue element;
-    element["kind"] = kindName;
-    element["instance"] = instance.getName();
-    if (kindName == "Initialize") {
-        element["role"] = instance.getRoleName();
+    Locations shown;
+    if (auto const* location = borrowed ? *borrowed : step.locationObject) {
+        shown.push_back(location);
     }
-    if (step.locationObject != nullptr) {
-        element["selection"] = selections({step.locationObject});
+    out.beginObject();
+    out.key("kind");
+    out.value(step.getStepKindName());
+    WriteMember(out, "instance", instance.getName());
+    if (step.kind == ProgramStep::PSK_Initialize) {
+        WriteMember(out, "role", instance.getRoleName());
     }
-    std::string synchronization;
+    // A step's own source text stands here; one it only borrows comes last.
+    bool const ownSelection = step.locationObject != nullptr;
+    if (ownSelection) {
+        WriteSelection(out, shown, index);
+    }
+    auto const synchronization = SynchronizationText(step, onPort);
     if (step.hasPortEvent()) {
-        synchronization = onPort ? step.getPortEvent().event_str() : step.to_net_string();
-        element["event"] = synchronization;
+        WriteMember(out, "event",
+                    onPort ? step.getPortEvent().event_str() : step.to_net_string());
     }
     if (IsReturn(step)) {
-        synchronization = onPort ? step.getPortReturn().value_str() : step.to_net_string();
-        element["return"] = synchronization;
+        WriteMember(out, "return", synchronization);
     }
     if (step.isSynchronizationStep()) {
         if (step.hasPortEvent() || IsReturn(step)) {
-            element["synchronization"] = synchronization;
+            WriteMember(out, "synchronization", synchronization);
         }
-        element["synctype"] = SyncTypeName(step.getSynchronizationType());
+        out.key("synctype");
+        out.value(SyncTypeName(step.getSynchronizationType()));
     }
     if (step.kind == ProgramStep::PSK_Error) {
-        element["message"] = step.errorMessage;
+        WriteMember(out, "message", step.errorMessage);
     }
-    element["state"] = State(step.stateVector);
-    return element;
+    WriteState(out, step.stateVector);
+    if (!ownSelection) {
+        WriteSelection(out, shown, index);
+    }
+    out.endObject();
 }
 
-JsonValue Step(kel::PortDeclaration const& port) {
-    JsonValue element;
-    element["kind"] = "Initialize";
-    element["instance"] = port.getName();
-    element["role"] = port.getDirection() == kel::idirProvided ? "provided" : "required";
-    element["selection"] = selections({&port.getInterface().getDeclaration()});
-    element["state"] = JsonValue(JsonValue::Array);
-    return element;
+void WritePortPlaceholder(JsonWriter& out, kel::PortDeclaration const& port, std::size_t index) {
+    out.beginObject();
+    out.key("kind");
+    out.value("Initialize");
+    WriteMember(out, "instance", port.getName());
+    out.key("role");
+    out.value(port.getDirection() == kel::idirProvided ? "provided" : "required");
+    WriteSelection(out, {&port.getInterface().getDeclaration()}, index);
+    out.key("state");
+    out.beginArray();
+    out.endArray();
+    out.endObject();
 }
 
-JsonValue state_error(std::string const& message,
-                      std::vector<kel::Location const*> const& locations) {
-    JsonValue element = plain_error(message);
-    element["selection"] = selections(locations);
-    return element;
-}
-
-JsonValue plain_error(std::string const& message) {
-    JsonValue element;
-    element["kind"] = "Error";
-    element["message"] = message;
-    return element;
+void WriteError(JsonWriter& out, std::string const& message, Locations const& locations,
+                std::size_t index) {
+    out.beginObject();
+    out.key("kind");
+    out.value("Error");
+    WriteMember(out, "message", message);
+    WriteSelection(out, locations, index);
+    out.endObject();
 }

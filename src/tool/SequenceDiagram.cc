@@ -13,62 +13,110 @@
 
 #include <cstddef>
 #include <optional>
-#include <vector>
+#include <ostream>
 #include <string>
+#include <vector>
 
 namespace {
 
-JsonValue Header(TraceType type) {
+char const* TypeName(TraceType type) {
     static char const* const names[] = {"interface", "constrained", "unconstrained"};
-    JsonValue element;
-    element["kind"] = "TraceType";
-    element["type"] = names[type];
-    return element;
+    return names[type];
 }
 
 ModelInstance const& InstanceOf(MicroStep const& step) { return *step->stateVector.modelInstance; }
 
-bool IsInitialize(MicroStep const& step) { return step->getStepKindName() == "Initialize"; }
+bool IsInitialize(MicroStep const& step) { return step->kind == ProgramStep::PSK_Initialize; }
 
-// The port's own "Initialize" step, or its placeholder.
-JsonValue PortLifeline(MicroTrace const& trace, kel::PortDeclaration const& port) {
-    for (auto const& step : trace.steps) {
-        if (IsInitialize(step) && InstanceOf(step).getName() == port.getName()) {
-            return Step(step);
+// Writes the document element by element into `out`, in pieces of a size
+// that keeps the text in memory small and the writes few.
+class DocumentWriter {
+public:
+    explicit DocumentWriter(std::ostream& out) : out(out), json(text) { json.beginArray(); }
+
+    JsonWriter& next() {
+        if (text.size() > (1 << 16)) {
+            flush();
         }
+        return json;
     }
-    return Step(port);
+    // The position in the document of the element written next.
+    std::size_t index() const { return count; }
+    void written() { ++count; }
+
+    void finish() {
+        json.endArray();
+        text += '\n';
+        flush();
+        out.flush();
+    }
+
+private:
+    void flush() {
+        out.write(text.data(), static_cast<std::streamsize>(text.size()));
+        text.clear();
+    }
+
+    std::ostream& out;
+    std::string text;
+    JsonWriter json;
+    std::size_t count = 0;
+};
+
+void WriteHeader(DocumentWriter& document, TraceType type) {
+    auto& out = document.next();
+    out.beginObject();
+    out.key("kind");
+    out.value("TraceType");
+    out.key("type");
+    out.value(TypeName(type));
+    WriteSelection(out, {}, document.index());
+    out.endObject();
+    document.written();
 }
 
-void AddPortLifelines(std::vector<JsonValue>& lifelines, MicroTrace const& trace,
-                      kel::ComponentDeclaration const& component, kel::PortDirection direction) {
+void WriteStepElement(DocumentWriter& document, ProgramStep const& step,
+                      std::optional<kel::Location const*> borrowed = std::nullopt) {
+    WriteStep(document.next(), step, borrowed, document.index());
+    document.written();
+}
+
+// The port's own "Initialize" step, or its placeholder.
+void WritePortLifeline(DocumentWriter& document, MicroTrace const& trace,
+                       kel::PortDeclaration const& port) {
+    for (auto const& step : trace.steps) {
+        if (IsInitialize(step) && InstanceOf(step).getName() == port.getName()) {
+            WriteStepElement(document, *step);
+            return;
+        }
+    }
+    WritePortPlaceholder(document.next(), port, document.index());
+    document.written();
+}
+
+void WritePortLifelines(DocumentWriter& document, MicroTrace const& trace,
+                        kel::ComponentDeclaration const& component, kel::PortDirection direction) {
     for (auto const* port : component.getPorts()) {
         if (port->getDirection() == direction) {
-            lifelines.push_back(PortLifeline(trace, *port));
+            WritePortLifeline(document, trace, *port);
         }
     }
 }
 
 // Provided ports to the left of the component, required ports to its right.
-std::vector<JsonValue> Lifelines(MicroTrace const& trace) {
-    std::vector<JsonValue> lifelines;
+void WriteLifelines(DocumentWriter& document, MicroTrace const& trace) {
     auto const* component = trace.model->asComponentDeclaration();
-    if (component == nullptr) {
-        for (auto const& step : trace.steps) {
-            if (IsInitialize(step)) {
-                lifelines.push_back(Step(step));
-            }
-        }
-        return lifelines;
+    if (component != nullptr) {
+        WritePortLifelines(document, trace, *component, kel::idirProvided);
     }
-    AddPortLifelines(lifelines, trace, *component, kel::idirProvided);
     for (auto const& step : trace.steps) {
-        if (IsInitialize(step) && InstanceOf(step).port == nullptr) {
-            lifelines.push_back(Step(step));
+        if (IsInitialize(step) && (component == nullptr || InstanceOf(step).port == nullptr)) {
+            WriteStepElement(document, *step);
         }
     }
-    AddPortLifelines(lifelines, trace, *component, kel::idirRequired);
-    return lifelines;
+    if (component != nullptr) {
+        WritePortLifelines(document, trace, *component, kel::idirRequired);
+    }
 }
 
 bool Contains(std::string const& text, char const* part) {
@@ -76,26 +124,25 @@ bool Contains(std::string const& text, char const* part) {
 }
 
 // The error element that ends a failed run; none for a run that went well.
-std::optional<JsonValue> Verdict(MicroTrace const& trace) {
+void WriteVerdict(DocumentWriter& document, MicroTrace const& trace) {
     bool const endsInError =
         !trace.steps.empty() && trace.steps.back()->kind == ProgramStep::PSK_Error;
     if (!trace.isProtocolViolation && trace.error().empty() && !endsInError) {
-        return std::nullopt;
+        return;
     }
     std::string const text = trace.getErrorMsg();
     MicroStep const* last = trace.MainModelLastStep();
+    Locations locations;
     if (last != nullptr && Contains(text, "is incomplete:")) {
-        return state_error(text, {&InstanceOf(*last).model->getBehaviour()});
-    }
-    if (last != nullptr && (Contains(text, "deterministic") || Contains(text, "deadlock") ||
+        locations.push_back(&InstanceOf(*last).model->getBehaviour());
+    } else if (last != nullptr && (Contains(text, "deterministic") || Contains(text, "deadlock") ||
                                    Contains(text, "livelock"))) {
-        std::vector<kel::Location const*> guards;
         for (auto const* guard : (*last)->stateVector.ArmedGuards()) {
-            guards.push_back(guard);
+            locations.push_back(guard);
         }
-        return state_error(text, guards);
     }
-    return plain_error(text);
+    WriteError(document.next(), text, locations, document.index());
+    document.written();
 }
 
 // A thread entry and a dequeued event have no source text of their own: each
@@ -105,10 +152,10 @@ std::vector<std::optional<kel::Location const*>> BorrowedSelections(MicroTrace c
     std::vector<std::optional<kel::Location const*>> borrowed(trace.steps.size());
     kel::Location const* saved = nullptr;
     for (auto i = trace.steps.size(); i-- > 0;) {
-        auto const kindName = trace.steps[i]->getStepKindName();
-        if (kindName == "OnEvent") {
+        auto const kind = trace.steps[i]->kind;
+        if (kind == ProgramStep::PSK_OnEvent) {
             saved = trace.steps[i]->locationObject;
-        } else if (kindName == "ThreadEnter" || kindName == "Dequeue") {
+        } else if (kind == ProgramStep::PSK_ThreadEnter || kind == ProgramStep::PSK_Dequeue) {
             borrowed[i] = saved;
         }
     }
@@ -117,41 +164,17 @@ std::vector<std::optional<kel::Location const*>> BorrowedSelections(MicroTrace c
 
 } // namespace
 
-void amend_selection_index(JsonValue& element, std::size_t index) {
-    JsonValue& selection = element["selection"];
-    selection[0ul]; // a null or empty selection gets its one entry
-    for (auto& entry : selection.elements) {
-        entry["index"] = index;
-    }
-}
-
 void printTrace(MicroTrace const& trace, TraceType type, std::ostream& out) {
-    // Written as it is made: a long run's document need not fit in memory.
-    std::size_t index = 0;
-    auto write = [&](JsonValue element) {
-        amend_selection_index(element, index);
-        out << (index++ == 0 ? "[" : ",\n") << element;
-    };
-    write(Header(type));
-    for (auto& lifeline : Lifelines(trace)) {
-        write(std::move(lifeline));
-    }
+    DocumentWriter document(out);
+    WriteHeader(document, type);
+    WriteLifelines(document, trace);
     auto const borrowed = BorrowedSelections(trace);
     for (std::size_t i = 0; i < trace.steps.size(); ++i) {
-        auto const kindName = trace.steps[i]->getStepKindName();
-        if (kindName == "Initialize" || kindName == "Error") {
-            continue;
+        auto const kind = trace.steps[i]->kind;
+        if (kind != ProgramStep::PSK_Initialize && kind != ProgramStep::PSK_Error) {
+            WriteStepElement(document, *trace.steps[i], borrowed[i]);
         }
-        auto element = Step(trace.steps[i]);
-        if (borrowed[i]) {
-            auto const* location = *borrowed[i];
-            element["selection"] = location == nullptr ? JsonValue() : selections({location});
-        }
-        write(std::move(element));
     }
-    if (auto verdict = Verdict(trace)) {
-        write(std::move(*verdict));
-    }
-    out << "]\n";
-    out.flush();
+    WriteVerdict(document, trace);
+    document.finish();
 }

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "tool/DiagramElements.h"
-#include "tool/JsonValue.h"
 
 #include "trace/MicroTrace.h"
 
@@ -22,6 +21,3 @@ enum TraceType {
 // Writes the diagram of `trace`, a newline, and flushes.
 void printTrace(MicroTrace const& trace, TraceType type, std::ostream& out = std::cout);
 
-// Gives the element a non-empty "selection" whose entries carry its position
-// in the document.
-void amend_selection_index(JsonValue& element, std::size_t index);
