@@ -34,11 +34,11 @@ ModelState::ModelState(ModelInstancePtr const& instance,
             }
         }
     } catch (std::out_of_range const& error) {
-        trace(ProgramStep::Initialize(stateVector, activationEvent));
+        trace(ProgramStep::Initialize(snapshot(), activationEvent));
         programError(std::string("Global variable declaration failed. ") + error.what());
         return;
     }
-    trace(ProgramStep::Initialize(stateVector, activationEvent));
+    trace(ProgramStep::Initialize(snapshot(), activationEvent));
 }
 
 ModelState::ModelState(ModelState const& source)
@@ -53,7 +53,8 @@ ModelState::ModelState(ModelState const& source)
       program(source.program), isStopped(source.isStopped),
       isProgramError(source.isProgramError), message(source.message),
       namedEventTrace(source.namedEventTrace), namedEventIndex(source.namedEventIndex),
-      armedPorts(source.armedPorts), keepsWholeHistory(source.keepsWholeHistory) {}
+      armedPorts(source.armedPorts), keepsWholeHistory(source.keepsWholeHistory),
+      lastSnapshot(source.lastSnapshot) {}
 
 ModelState::ModelState(ModelState const& source, kel::PortEvent&& event) : ModelState(source) {
     singleStepActivate(std::move(event));
@@ -82,8 +83,15 @@ void ModelState::trace(ProgramStepPtr step) {
     programTrace = std::make_shared<ProgramTrace>(std::move(programTrace), std::move(step));
 }
 
+ProgramStep::Snapshot ModelState::snapshot() {
+    if (lastSnapshot == nullptr || !stateVector.isUnchangedSince(*lastSnapshot)) {
+        lastSnapshot = std::make_shared<StateVector const>(stateVector);
+    }
+    return lastSnapshot;
+}
+
 void ModelState::traceStatement(kel::BehaviourStatement const& statement) {
-    trace(ProgramStep::Statement(statement, stateVector, activationEvent));
+    trace(ProgramStep::Statement(statement, snapshot(), activationEvent));
 }
 
 void ModelState::deadend(std::string const& text) {
@@ -95,5 +103,5 @@ void ModelState::programError(std::string const& text) {
     isStopped = true;
     isProgramError = true;
     message = text;
-    trace(ProgramStep::Error(message, stateVector, activationEvent));
+    trace(ProgramStep::Error(message, snapshot(), activationEvent));
 }

@@ -87,6 +87,9 @@ public:
 
     // Adds a step to the history; an error on top of an error replaces it.
     void trace(ProgramStepPtr step);
+    // The state vector as a step made now records it: the snapshot of the
+    // step before where nothing changed since, so that the two share it.
+    ProgramStep::Snapshot snapshot();
 
     // Stepping.
     void runToNextBranchPoint();
@@ -176,6 +179,7 @@ public:
     // only what the hidden-loop check reads, the steps back to its last
     // synchronization, and a long run's history need not fit in memory twice.
     bool keepsWholeHistory = true;
+    ProgramStep::Snapshot lastSnapshot;
 
 private:
     bool isComponent() const;

@@ -62,7 +62,7 @@ void ModelState::singleStepActionStatement(kel::ActionStatement const& statement
         return;
     }
     traceStatement(statement);
-    trace(ProgramStep::Receive(instance, stateVector, activationEvent));
+    trace(ProgramStep::Receive(instance, snapshot(), activationEvent));
     if (isComponent()) {
         claimProvidedPort(kel::PortEvent(instance).port);
     }
@@ -91,7 +91,7 @@ bool ModelState::enqueueWhileCalling(kel::EventInstance const& called) {
         return false;
     }
     stateVector.queue.push_back(head());
-    trace(ProgramStep::Enqueue(kel::InputEvent(*port, head()), stateVector, activationEvent));
+    trace(ProgramStep::Enqueue(kel::InputEvent(*port, head()), snapshot(), activationEvent));
     namedEventConsumed();
     return true;
 }
@@ -105,7 +105,7 @@ void ModelState::executeSynchronousActionReturn(kel::ActionStatement const& stat
         deadend("No matching action return found in event trace.");
         return;
     }
-    trace(ProgramStep::ActionVoidReturn(instance, stateVector, activationEvent));
+    trace(ProgramStep::ActionVoidReturn(instance, snapshot(), activationEvent));
     namedEventConsumed();
     program.PopNextStatement();
     activeActionEvent = nullptr;
@@ -140,7 +140,7 @@ void ModelState::executeActionExpressionReturn(kel::ActionExpression const& expr
         deadend("Action return not found in event trace.");
         return;
     }
-    trace(ProgramStep::ActionValuedReturn(instance, *value, stateVector, activationEvent));
+    trace(ProgramStep::ActionValuedReturn(instance, *value, snapshot(), activationEvent));
     auto const& statement = NearestStatement(expression);
     if (auto const* variable = AssignedVariable(statement)) {
         try {
@@ -150,7 +150,7 @@ void ModelState::executeActionExpressionReturn(kel::ActionExpression const& expr
         }
     }
     namedEventConsumed();
-    trace(ProgramStep::ValuedReturnAssignment(statement, *value, stateVector, activationEvent));
+    trace(ProgramStep::ValuedReturnAssignment(statement, *value, snapshot(), activationEvent));
     program.PopNextStatement();
     activeActionEvent = nullptr;
 }

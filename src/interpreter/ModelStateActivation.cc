@@ -40,14 +40,14 @@ void ModelState::singleStepActivate(kel::PortEvent&& event) {
 
 void ModelState::traceActivate(kel::PortEvent const& event) {
     trace(IsModelThread(event)
-              ? ProgramStep::ThreadEnter(*modelInstance->model, stateVector, activationEvent)
-              : ProgramStep::ThreadEnter(event, stateVector, activationEvent));
+              ? ProgramStep::ThreadEnter(*modelInstance->model, snapshot(), activationEvent)
+              : ProgramStep::ThreadEnter(event, snapshot(), activationEvent));
 }
 
 void ModelState::traceThreadExit(kel::PortEvent const& event) {
     trace(IsModelThread(event)
-              ? ProgramStep::ThreadExit(*modelInstance->model, stateVector, activationEvent)
-              : ProgramStep::ThreadExit(event, stateVector, activationEvent));
+              ? ProgramStep::ThreadExit(*modelInstance->model, snapshot(), activationEvent)
+              : ProgramStep::ThreadExit(event, snapshot(), activationEvent));
 }
 
 void ModelState::claimProvidedPort(kel::PortDeclaration const* port) {
@@ -77,7 +77,7 @@ void ModelState::singleStepInterfaceProgramActivation() {
         auto const delayed = stateVector.queue.front();
         stateVector.queue.erase(stateVector.queue.begin());
         if (modelInstance->isOutputEvent(delayed)) {
-            trace(ProgramStep::Receive(modelInstance->getPortEvent(delayed), stateVector,
+            trace(ProgramStep::Receive(modelInstance->getPortEvent(delayed), snapshot(),
                                        activationEvent));
         }
         namedEventConsumed();
@@ -115,7 +115,7 @@ void ModelState::singleStepComponentProgramActivation() {
             singleStepActivate(std::move(ev));
         } else {
             stateVector.queue.push_back(head());
-            trace(ProgramStep::Enqueue(ev, stateVector, activationEvent));
+            trace(ProgramStep::Enqueue(ev, snapshot(), activationEvent));
             namedEventConsumed();
         }
         return;
@@ -125,7 +125,7 @@ void ModelState::singleStepComponentProgramActivation() {
     bool const headHasOwnEvent = ev.event != nullptr && !kel::IsBuiltin(*ev.event);
     if (headOnQueuePort && headHasOwnEvent && ev.IsInput()) {
         stateVector.queue.push_back(head());
-        trace(ProgramStep::Enqueue(ev, stateVector, activationEvent));
+        trace(ProgramStep::Enqueue(ev, snapshot(), activationEvent));
         namedEventConsumed();
         return;
     }
@@ -140,6 +140,6 @@ void ModelState::fireArmedPort() {
     auto const* port = armedPorts.front();
     auto const event = kel::InputEvents(*port).front();
     stateVector.queue.push_back(event.str());
-    trace(ProgramStep::Enqueue(event, stateVector, activationEvent));
+    trace(ProgramStep::Enqueue(event, snapshot(), activationEvent));
     armedPorts.erase(armedPorts.begin());
 }

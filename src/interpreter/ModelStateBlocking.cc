@@ -26,7 +26,7 @@ void ModelState::block(kel::EventInstance const& eventInstance) {
     if (position == blockedEvents.end() || *position != &eventInstance) {
         blockedEvents.insert(position, &eventInstance);
     }
-    trace(ProgramStep::Block(kel::PortEvent(eventInstance), stateVector, activationEvent));
+    trace(ProgramStep::Block(kel::PortEvent(eventInstance), snapshot(), activationEvent));
     isBlocking = false;
     isActive = false;
     activationEvent = {};

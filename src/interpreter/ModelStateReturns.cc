@@ -37,11 +37,11 @@ void ModelState::singleStepBlockedThreadExit() {
                 ")");
         return;
     }
-    trace(ProgramStep::Release(event, stateVector, activationEvent));
+    trace(ProgramStep::Release(event, snapshot(), activationEvent));
     if (IsValued(event) && value != nullptr) {
-        trace(ProgramStep::OnEventValuedReturn(*instance, *value, stateVector, activationEvent));
+        trace(ProgramStep::OnEventValuedReturn(*instance, *value, snapshot(), activationEvent));
     } else {
-        trace(ProgramStep::OnEventVoidReturn(*instance, stateVector, activationEvent));
+        trace(ProgramStep::OnEventVoidReturn(*instance, snapshot(), activationEvent));
     }
     namedEventConsumed();
     auto const* activationPort = activationEvent.port;
@@ -92,10 +92,10 @@ void ModelState::returnToInitialStatement() {
     }
     if (event.IsCall()) {
         if (!event.IsVoid() && replyValue != nullptr) {
-            trace(ProgramStep::OnEventValuedReturn(*currentCallContext, *replyValue, stateVector,
+            trace(ProgramStep::OnEventValuedReturn(*currentCallContext, *replyValue, snapshot(),
                                                    activationEvent));
         } else {
-            trace(ProgramStep::OnEventVoidReturn(*currentCallContext, stateVector,
+            trace(ProgramStep::OnEventVoidReturn(*currentCallContext, snapshot(),
                                                  activationEvent));
         }
         namedEventConsumed();

@@ -232,7 +232,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
         }
         currentCallContext = kel::TryGetBuiltinEventInstance(statement);
         traceStatement(statement);
-        trace(ProgramStep::OnEvent(*currentCallContext, stateVector, activationEvent));
+        trace(ProgramStep::OnEvent(*currentCallContext, snapshot(), activationEvent));
         enter();
         return;
     }
@@ -245,9 +245,9 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
         }
         stateVector.queue.erase(stateVector.queue.begin());
         auto const& instance = *kel::TryGetEventInstance(statement, name);
-        trace(ProgramStep::Dequeue(kel::PortEvent(instance), stateVector, activationEvent));
+        trace(ProgramStep::Dequeue(kel::PortEvent(instance), snapshot(), activationEvent));
         traceStatement(statement);
-        trace(ProgramStep::OnEvent(instance, stateVector, activationEvent));
+        trace(ProgramStep::OnEvent(instance, snapshot(), activationEvent));
         enter();
         return;
     }
@@ -259,7 +259,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
     }
     currentCallContext = kel::TryGetEventInstance(statement, name);
     traceStatement(statement);
-    trace(ProgramStep::OnEvent(*currentCallContext, stateVector, activationEvent));
+    trace(ProgramStep::OnEvent(*currentCallContext, snapshot(), activationEvent));
     enter();
     namedEventConsumed();
 }
@@ -268,7 +268,7 @@ void ModelState::singleStepAssignmentStatement(kel::AssignmentStatement const& s
     auto const& value = statement.getValue();
     if (auto const* call = value.asFunctionCallExpression()) {
         stepInto(statement);
-        trace(ProgramStep::FunctionCall(*call, stateVector, activationEvent));
+        trace(ProgramStep::FunctionCall(*call, snapshot(), activationEvent));
         return;
     }
     if (auto const* action = value.asActionExpression()) {
@@ -309,7 +309,7 @@ void ModelState::singleStepVariableDeclarationStatement(
     stateVector.DeclareStateVariable(variable);
     if (auto const* call = initial->asFunctionCallExpression()) {
         stepInto(statement);
-        trace(ProgramStep::FunctionCall(*call, stateVector, activationEvent));
+        trace(ProgramStep::FunctionCall(*call, snapshot(), activationEvent));
         return;
     }
     if (auto const* action = initial->asActionExpression()) {

@@ -4,46 +4,13 @@
 #include "interpreter/KelSemantics.h"
 
 #include "metamodel/Behaviour.h"
-#include "metamodel/EnumTypeDeclaration.h"
 #include "metamodel/EventReference.h"
-#include "metamodel/IntTypeDeclaration.h"
-#include "metamodel/InterfaceReference.h"
 #include "metamodel/PortReference.h"
 #include "metamodel/TreePredicates.h"
-#include "metamodel/TypeReference.h"
 
 namespace {
 
 using Step = ProgramStep;
-
-kel::PortDeclaration const* PortOf(kel::EventInstance const& instance) {
-    auto const* port = instance.tryGetPort();
-    return port == nullptr ? nullptr : port->tryGetDeclaration();
-}
-
-// The reply of the instance's event; typed and valued when `value` is given.
-kel::PortReturn ReturnOf(kel::EventInstance const& instance, StateVariableValue const* value) {
-    kel::PortReturn result;
-    result.port = PortOf(instance);
-    auto const* event = instance.getEvent().tryGetDeclaration();
-    if (result.port != nullptr) {
-        result.interface = result.port->getInterface().tryGetDeclaration();
-    } else if (event != nullptr) {
-        result.interface = dynamic_cast<kel::InterfaceDeclaration const*>(event->tryGetParent());
-    }
-    if (value == nullptr || event == nullptr || !event->hasReturnType()) {
-        return result;
-    }
-    result.type = event->getReturnType().tryGetDeclaration();
-    if (auto const* enumValue = dynamic_cast<EnumStateVariableValue const*>(value)) {
-        result.enumValue = enumValue->value;
-    } else if (auto const* boolValue = dynamic_cast<BoolStateVariableValue const*>(value)) {
-        result.boolValue = boolValue->value == kel::boolTrue;
-    } else if (auto const* intValue = dynamic_cast<IntStateVariableValue const*>(value)) {
-        result.intValue = intValue->value;
-    }
-    return result;
-}
 
 ProgramStepPtr Make(Step::ProgramStepKind kind, Step::SV sv, Step::AE ae) {
     return std::make_shared<ProgramStep>(kind, sv, ae);
@@ -67,7 +34,6 @@ ProgramStepPtr WithInstance(Step::ProgramStepKind kind, kel::EventInstance const
 ProgramStepPtr WithReturn(Step::ProgramStepKind kind, kel::EventInstance const& instance,
                       StateVariableValue const* value, Step::SV sv, Step::AE ae) {
     auto step = WithInstance(kind, instance, sv, ae);
-    step->portReturn = ReturnOf(instance, value);
     if (value != nullptr) {
         step->value = value->clone();
     }
@@ -150,7 +116,7 @@ ProgramStepPtr ProgramStep::Receive(kel::EventInstance const& instance, SV sv, A
 
 ProgramStepPtr ProgramStep::Enqueue(kel::PortEvent const& event, SV sv, AE ae) {
     auto step = WithEvent(PSK_Enqueue, event, sv, ae);
-    step->locationObject = sv.modelInstance->model->tryGetBehaviour();
+    step->locationObject = sv->modelInstance->model->tryGetBehaviour();
     return step;
 }
 
@@ -184,7 +150,7 @@ ProgramStepPtr ProgramStep::Release(kel::PortEvent const& event, SV sv, AE ae) {
 
 ProgramStepPtr ProgramStep::Initialize(SV sv, AE ae) {
     auto step = Make(PSK_Initialize, sv, ae);
-    step->locationObject = sv.modelInstance->model;
+    step->locationObject = sv->modelInstance->model;
     return step;
 }
 

@@ -44,7 +44,10 @@ public:
 
     enum SynchronizationType { Call, Return, Notification, None };
 
-    using SV = StateVector const&;
+    // The state vector as the step saw it, immutable, shared by consecutive
+    // steps that saw it unchanged.
+    using Snapshot = std::shared_ptr<StateVector const>;
+    using SV = Snapshot const&;
     using AE = kel::PortEvent const&;
 
     ProgramStep(ProgramStepKind kind, SV stateVector, AE activationEvent);
@@ -96,7 +99,7 @@ public:
     bool isLessEqual(ProgramStep const& b) const { return *this <= b; }
 
     ProgramStepKind kind;
-    StateVector stateVector;
+    Snapshot stateVector;
     kel::PortEvent activationEvent;
     kel::BehaviourStatement const* statement = nullptr;
     kel::EventInstance const* eventInstance = nullptr;
@@ -104,12 +107,11 @@ public:
     // Engaged, with a value, for a valued return or return assignment.
     std::optional<StateVariableValuePtr> value;
     kel::PortEvent portEvent;
-    kel::PortReturn portReturn;
     kel::ModelDeclaration const* model = nullptr;
     kel::Location const* locationObject = nullptr;
     std::string errorMessage;
 
 private:
     bool isActionStatement() const;
-    ModelInstance const& instance() const { return *stateVector.modelInstance; }
+    ModelInstance const& instance() const { return *stateVector->modelInstance; }
 };

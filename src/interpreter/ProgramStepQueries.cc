@@ -5,11 +5,15 @@
 
 #include "metamodel/ActionExpression.h"
 #include "metamodel/AssignmentStatement.h"
+#include "metamodel/EnumTypeDeclaration.h"
 #include "metamodel/EventReference.h"
+#include "metamodel/IntTypeDeclaration.h"
+#include "metamodel/InterfaceReference.h"
 #include "metamodel/InternalDeclaration.h"
 #include "metamodel/Kel.h"
 #include "metamodel/PortReference.h"
 #include "metamodel/TreePredicates.h"
+#include "metamodel/TypeReference.h"
 
 #include <stdexcept>
 
@@ -23,6 +27,39 @@ bool SameObject(om::Object const* a, om::Object const* b) {
 kel::PortDeclaration const* PortOf(kel::EventInstance const* instance) {
     auto const* port = instance == nullptr ? nullptr : instance->tryGetPort();
     return port == nullptr ? nullptr : port->tryGetDeclaration();
+}
+
+// The reply of the instance's event; typed and valued when `value` is given.
+kel::PortReturn ReturnOf(kel::EventInstance const& instance, StateVariableValue const* value) {
+    kel::PortReturn result;
+    result.port = PortOf(&instance);
+    auto const* event = instance.getEvent().tryGetDeclaration();
+    if (result.port != nullptr) {
+        result.interface = result.port->getInterface().tryGetDeclaration();
+    } else if (event != nullptr) {
+        result.interface = dynamic_cast<kel::InterfaceDeclaration const*>(event->tryGetParent());
+    }
+    if (value == nullptr || event == nullptr || !event->hasReturnType()) {
+        return result;
+    }
+    result.type = event->getReturnType().tryGetDeclaration();
+    if (auto const* enumValue = dynamic_cast<EnumStateVariableValue const*>(value)) {
+        result.enumValue = enumValue->value;
+    } else if (auto const* boolValue = dynamic_cast<BoolStateVariableValue const*>(value)) {
+        result.boolValue = boolValue->value == kel::boolTrue;
+    } else if (auto const* intValue = dynamic_cast<IntStateVariableValue const*>(value)) {
+        result.intValue = intValue->value;
+    }
+    return result;
+}
+
+// The reply as the step's own event instance names it; only the returns of
+// calls have one. Worked out when asked for: a history holds millions of steps.
+kel::PortReturn OwnReturn(ProgramStep const& step) {
+    if (step.kind != ProgramStep::PSK_OnEventReturn && step.kind != ProgramStep::PSK_ActionReturn) {
+        return {};
+    }
+    return ReturnOf(*step.eventInstance, step.value ? step.value->get() : nullptr);
 }
 
 bool IsBetween(ProgramStep::ProgramStepKind kind, ProgramStep::ProgramStepKind first,
@@ -84,7 +121,7 @@ kel::PortEvent ProgramStep::getPortEvent() const {
 }
 
 kel::PortReturn ProgramStep::getPortReturn() const {
-    auto result = portReturn;
+    auto result = OwnReturn(*this);
     if (instance().port != nullptr) {
         result.port = instance().port;
     }
@@ -172,7 +209,7 @@ std::string ProgramStep::getObservableEventName() const {
         return isActionStatement() ? portEvent.str() : "PSK_Statement";
     case PSK_OnEventReturn:
     case PSK_ActionReturn:
-        return portReturn.str();
+        return OwnReturn(*this).str();
     case PSK_FunctionCall:
         return "PSK_FunctionCall";
     case PSK_OnEvent:
@@ -264,5 +301,5 @@ bool ProgramStep::operator<=(ProgramStep const& b) const {
             return false;
         }
     }
-    return stateVector <= b.stateVector;
+    return *stateVector <= *b.stateVector;
 }

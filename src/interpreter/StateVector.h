@@ -91,6 +91,12 @@ public:
     bool operator<=(StateVector const& other) const;
     bool IsEqualFrame(VariableFrame const& left, VariableFrame const& right) const;
 
+    // Whether this vector still holds what `copy` took from it. A change of
+    // the frames would have given this vector frames of its own.
+    bool isUnchangedSince(StateVector const& copy) const {
+        return frames == copy.frames && queue == copy.queue && modelInstance == copy.modelInstance;
+    }
+
     // Frame i from the innermost.
     VariableFrame const& frame(std::size_t i) const {
         return (*frames)[frames->size() - 1 - i];

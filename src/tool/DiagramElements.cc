@@ -95,7 +95,7 @@ void WriteSelection(JsonWriter& out, Locations const& locations, std::size_t ind
 
 void WriteStep(JsonWriter& out, ProgramStep const& step,
                std::optional<kel::Location const*> borrowed, std::size_t index) {
-    ModelInstance const& instance = *step.stateVector.modelInstance;
+    ModelInstance const& instance = *step.stateVector->modelInstance;
     // A port's lifeline names the port already; the model's shows it in front.
     bool const onPort = instance.port != nullptr;
     Locations shown;
@@ -132,7 +132,7 @@ void WriteStep(JsonWriter& out, ProgramStep const& step,
     if (step.kind == ProgramStep::PSK_Error) {
         WriteMember(out, "message", step.errorMessage);
     }
-    WriteState(out, step.stateVector);
+    WriteState(out, *step.stateVector);
     if (!ownSelection) {
         WriteSelection(out, shown, index);
     }

@@ -24,7 +24,7 @@ char const* TypeName(TraceType type) {
     return names[type];
 }
 
-ModelInstance const& InstanceOf(MicroStep const& step) { return *step->stateVector.modelInstance; }
+ModelInstance const& InstanceOf(MicroStep const& step) { return *step->stateVector->modelInstance; }
 
 bool IsInitialize(MicroStep const& step) { return step->kind == ProgramStep::PSK_Initialize; }
 
@@ -137,7 +137,7 @@ void WriteVerdict(DocumentWriter& document, MicroTrace const& trace) {
         locations.push_back(&InstanceOf(*last).model->getBehaviour());
     } else if (last != nullptr && (Contains(text, "deterministic") || Contains(text, "deadlock") ||
                                    Contains(text, "livelock"))) {
-        for (auto const* guard : (*last)->stateVector.ArmedGuards()) {
+        for (auto const* guard : (*last)->stateVector->ArmedGuards()) {
             locations.push_back(guard);
         }
     }

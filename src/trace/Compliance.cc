@@ -31,10 +31,10 @@ bool Agree(ProgramStep const& a, ProgramStep const& b) {
 
 bool IsIllegalOnProvided(ProgramStep const& step) {
     return step.eventInstance != nullptr && kel::IsIllegal(*step.eventInstance) &&
-           step.stateVector.modelInstance->getRoleName() == "provided";
+           step.stateVector->modelInstance->getRoleName() == "provided";
 }
 
-bool OfPort(ProgramStep const& step) { return step.stateVector.modelInstance->port != nullptr; }
+bool OfPort(ProgramStep const& step) { return step.stateVector->modelInstance->port != nullptr; }
 
 } // namespace
 

@@ -63,7 +63,7 @@ std::string MicroTrace::getErrorMsg() const {
 
 MicroStep const* MicroTrace::MainModelLastStep() const {
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        if ((*step)->stateVector.modelInstance->port == nullptr) {
+        if ((*step)->stateVector->modelInstance->port == nullptr) {
             return &*step;
         }
     }

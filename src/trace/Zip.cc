@@ -77,7 +77,7 @@ bool IsCallAction(ProgramStep const& step) {
            KelSemantics::IsEventCallAction(*step.statement);
 }
 
-Port PortOfRun(ProgramStep const& step) { return step.stateVector.modelInstance->port; }
+Port PortOfRun(ProgramStep const& step) { return step.stateVector->modelInstance->port; }
 
 // Where the walk goes on after the step `s` was copied.
 Port NextHistory(ProgramStep const& s) {
@@ -260,7 +260,7 @@ private:
         }
         std::erase_if(microSteps, [](MicroStep const& step) {
             return step->kind == ProgramStep::PSK_Error &&
-                   step->stateVector.modelInstance->getRoleName() == "provided";
+                   step->stateVector->modelInstance->getRoleName() == "provided";
         });
         auto const error = std::find_if(microSteps.begin(), microSteps.end(), [](auto const& step) {
             return step->kind == ProgramStep::PSK_Error;

@@ -86,7 +86,7 @@ kel::EnumValueDeclaration const& R(std::string const& name) {
 
 struct StepCase {
     std::string label;
-    std::function<ProgramStepPtr(StateVector const&)> make;
+    std::function<ProgramStepPtr(ProgramStep::SV)> make;
     std::string kindName;
     std::string observableName;
     Step::SynchronizationType synchronization;
@@ -101,8 +101,7 @@ class ComponentStepTest : public testing::TestWithParam<StepCase> {};
 
 TEST_P(ComponentStepTest, TextsAndSynchronizationOfTheStep) {
     auto const& c = GetParam();
-    StateVector const vector(Source().run("C"));
-    auto const step = c.make(vector);
+    auto const step = c.make(std::make_shared<StateVector const>(Source().run("C")));
     EXPECT_EQ(step->getStepKindName(), c.kindName);
     EXPECT_EQ(step->getObservableEventName(), c.observableName);
     EXPECT_EQ(step->getSynchronizationType(), c.synchronization);
@@ -112,7 +111,7 @@ TEST_P(ComponentStepTest, TextsAndSynchronizationOfTheStep) {
 }
 
 kel::PortEvent const None;
-using SV = StateVector const&;
+using SV = ProgramStep::SV;
 
 kel::PortEvent Ev(std::size_t on) { return kel::PortEvent(EventOf("C", on)); }
 EnumStateVariableValue Enum(std::string const& name) { return EnumStateVariableValue(R(name)); }
@@ -172,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
     });
 
 TEST(ProgramStepTest, ARunOfAPortShowsThePortInFrontOfItsEvents) {
-    StateVector const vector(Source().runOfPort("C", "r"));
+    auto const vector = std::make_shared<StateVector const>(Source().runOfPort("C", "r"));
     auto const accepted = Step::OnEvent(EventOf("I", 0), vector, None);
     EXPECT_EQ(accepted->portEvent.port, nullptr);
     EXPECT_EQ(accepted->getPortEvent().str(), "r.e");
@@ -184,7 +183,7 @@ TEST(ProgramStepTest, ARunOfAPortShowsThePortInFrontOfItsEvents) {
 }
 
 TEST(ProgramStepTest, AnEnqueuedEventWithoutPortIsNoStepOfTheDiagram) {
-    StateVector const vector(Source().run("I"));
+    auto const vector = std::make_shared<StateVector const>(Source().run("I"));
     auto const step = Step::Enqueue(kel::PortEvent(EventOf("I", 0)), vector, None);
     EXPECT_EQ(errorOf<std::runtime_error>([&] { step->isSynchronizationStep(); }),
               "PortEvent has no port");
@@ -193,16 +192,17 @@ TEST(ProgramStepTest, AnEnqueuedEventWithoutPortIsNoStepOfTheDiagram) {
 }
 
 TEST(ProgramStepTest, AStepRepeatsAnotherWithTheSameStatementAndVariables) {
-    StateVector vector(Source().run("C"));
+    auto const vector = std::make_shared<StateVector const>(Source().run("C"));
     auto const& assignment = BodyStatement(0, 1);
     auto const first = Step::Statement(assignment, vector, None);
     EXPECT_TRUE(*first <= *Step::Statement(assignment, vector, None));
     EXPECT_FALSE(*first <= *Step::Statement(BodyStatement(0, 0), vector, None));
     EXPECT_FALSE(*first <= *Step::Initialize(vector, None));
     auto const& b = *Source().model("C").getBehaviour().getVariables()[0];
-    StateVector changed(vector);
+    StateVector changed(*vector);
     changed.AssignStateVariable(b, BoolStateVariableValue(true));
-    EXPECT_FALSE(*first <= *Step::Statement(assignment, changed, None));
+    EXPECT_FALSE(*first <=
+                 *Step::Statement(assignment, std::make_shared<StateVector const>(changed), None));
     // Two valued steps hold two values: never the same.
     auto const valued =
         Step::OnEventValuedReturn(EventOf("C", 1), EnumStateVariableValue(R("ok")), vector, None);

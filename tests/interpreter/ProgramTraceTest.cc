@@ -13,7 +13,8 @@ LoadedSource const& Source() {
 }
 
 ProgramStepPtr Initialize() {
-    return ProgramStep::Initialize(StateVector(Source().run("I")), kel::PortEvent());
+    return ProgramStep::Initialize(std::make_shared<StateVector const>(Source().run("I")),
+                                   kel::PortEvent());
 }
 
 TEST(ProgramTraceTest, ForksShareTheirOlderPartAndListItOldestFirst) {

@@ -168,10 +168,10 @@ TEST(SteppingTest, AReturnClosesTheBlocksOfItsFunctionAndNoOthers) {
     std::vector<std::size_t> frames;
     auto const steps = state.programTrace->ToVector();
     for (std::size_t i = AfterOn; i < steps.size(); ++i) {
-        frames.push_back(steps[i]->stateVector.frameCount());
+        frames.push_back(steps[i]->stateVector->frameCount());
     }
     EXPECT_THAT(frames, ElementsAre(2u, 4u, 5u, 3u, 3u));
-    EXPECT_EQ(ValueOf(steps.back()->stateVector, "k"), "");
+    EXPECT_EQ(ValueOf(*steps.back()->stateVector, "k"), "");
     EXPECT_EQ(ValueOf(state.stateVector, "n"), "1");
     EXPECT_EQ(state.stateVector.frameCount(), 1u);
     EXPECT_EQ(state.program.scopes.size(), 1u);
@@ -186,9 +186,9 @@ TEST(SteppingTest, AVariableHasNoValueWhileItsInitialCallRuns) {
                 ElementsAre("FunctionCall", "ReturnStatement", "VariableDeclarationStatement",
                             "ReplyStatement"));
     auto const steps = state.programTrace->ToVector();
-    EXPECT_EQ(ValueOf(steps[AfterOn]->stateVector, "m"), "undefined");
-    EXPECT_EQ(ValueOf(steps[AfterOn]->stateVector, "x"), "0");
-    EXPECT_EQ(ValueOf(steps[AfterOn + 2]->stateVector, "m"), "1");
+    EXPECT_EQ(ValueOf(*steps[AfterOn]->stateVector, "m"), "undefined");
+    EXPECT_EQ(ValueOf(*steps[AfterOn]->stateVector, "x"), "0");
+    EXPECT_EQ(ValueOf(*steps[AfterOn + 2]->stateVector, "m"), "1");
 }
 
 struct OverflowCase {

@@ -47,7 +47,7 @@ struct ComponentRun {
     std::vector<std::string> steps() const {
         std::vector<std::string> texts;
         for (auto const& step : microTrace->steps) {
-            texts.push_back(step->stateVector.modelInstance->getName() + ":" +
+            texts.push_back(step->stateVector->modelInstance->getName() + ":" +
                             step->getStepKindName());
         }
         return texts;
@@ -83,7 +83,7 @@ TEST(MicroTraceTest, AMissingReplyIsAnErrorOfTheComponentItself) {
 TEST(MicroTraceTest, AnUnconstrainedTraceEndsAtTheFirstError) {
     ModelState state(Source().run("Echo"), {});
     state.programError("first");
-    state.trace(ProgramStep::Initialize(state.stateVector, {}));
+    state.trace(ProgramStep::Initialize(state.snapshot(), {}));
     state.programError("second");
     MicroTrace const trace(state);
     ASSERT_EQ(trace.steps.size(), 2u);

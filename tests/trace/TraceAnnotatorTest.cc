@@ -45,23 +45,23 @@ public:
 
     // The port acting on its own: a thread with no event.
     History& spontaneous() {
-        state->trace(ProgramStep::ThreadEnter(*instance->model, state->stateVector, {}));
+        state->trace(ProgramStep::ThreadEnter(*instance->model, state->snapshot(), {}));
         return *this;
     }
     History& exit() {
-        state->trace(ProgramStep::ThreadExit(*instance->model, state->stateVector, {}));
+        state->trace(ProgramStep::ThreadExit(*instance->model, state->snapshot(), {}));
         return *this;
     }
     History& receive(char const* event) {
-        state->trace(ProgramStep::Receive(instance->getPortEvent(event), state->stateVector, {}));
+        state->trace(ProgramStep::Receive(instance->getPortEvent(event), state->snapshot(), {}));
         return *this;
     }
     // A call that enters the port, and leaves it.
     History& call(char const* event) {
         state->trace(
-            ProgramStep::ThreadEnter(instance->getPortEvent(event), state->stateVector, {}));
+            ProgramStep::ThreadEnter(instance->getPortEvent(event), state->snapshot(), {}));
         state->trace(
-            ProgramStep::ThreadExit(instance->getPortEvent(event), state->stateVector, {}));
+            ProgramStep::ThreadExit(instance->getPortEvent(event), state->snapshot(), {}));
         return *this;
     }
 

@@ -113,7 +113,7 @@ MicroSteps RecountingZip(Histories const& traces) {
             copyActivity(current);
         }
         auto const& s = *microSteps.back();
-        auto const* runPort = s.stateVector.modelInstance->port;
+        auto const* runPort = s.stateVector->modelInstance->port;
         Port next = runPort;
         if (s.kind == ProgramStep::PSK_OnEvent && runPort != nullptr &&
             runPort->getDirection() == kel::idirProvided && s.getPortEvent().event != nullptr &&
@@ -153,7 +153,7 @@ MicroSteps RecountingZip(Histories const& traces) {
     }
     std::erase_if(microSteps, [](MicroStep const& step) {
         return step->kind == ProgramStep::PSK_Error &&
-               step->stateVector.modelInstance->getRoleName() == "provided";
+               step->stateVector->modelInstance->getRoleName() == "provided";
     });
     for (std::size_t i = 0; i < microSteps.size(); ++i) {
         if (microSteps[i]->kind == ProgramStep::PSK_Error) {
@@ -235,7 +235,7 @@ private:
     }
 
     MicroSteps history(ModelInstancePtr const& run, std::vector<Port> const& chosen) {
-        StateVector const vector(run);
+        auto const vector = std::make_shared<StateVector const>(run);
         bool const ofPort = run->port != nullptr;
         MicroSteps steps{MicroStep(ProgramStep::Initialize(vector, {}))};
         auto const length = pick(0, 24);
