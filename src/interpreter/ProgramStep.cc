@@ -156,6 +156,6 @@ ProgramStepPtr ProgramStep::Initialize(SV sv, AE ae) {
 
 ProgramStepPtr ProgramStep::Error(std::string const& message, SV sv, AE ae) {
     auto step = Make(PSK_Error, sv, ae);
-    step->errorMessage = message;
+    step->error = std::make_unique<std::string const>(message);
     return step;
 }

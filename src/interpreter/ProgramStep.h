@@ -109,7 +109,9 @@ public:
     kel::PortEvent portEvent;
     kel::ModelDeclaration const* model = nullptr;
     kel::Location const* locationObject = nullptr;
-    std::string errorMessage;
+    // The message of an error step; held apart, as few steps have one.
+    std::string const& errorMessage() const;
+    std::unique_ptr<std::string const> error;
 
 private:
     bool isActionStatement() const;

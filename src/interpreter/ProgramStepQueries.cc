@@ -103,6 +103,11 @@ std::string StatementClassName(kel::BehaviourStatement const& statement) {
 
 } // namespace
 
+std::string const& ProgramStep::errorMessage() const {
+    static std::string const none;
+    return error ? *error : none;
+}
+
 bool ProgramStep::isActionStatement() const {
     return kind == PSK_Statement && statement != nullptr && KelSemantics::IsAction(*statement);
 }

@@ -130,7 +130,7 @@ void WriteStep(JsonWriter& out, ProgramStep const& step,
         out.value(SyncTypeName(step.getSynchronizationType()));
     }
     if (step.kind == ProgramStep::PSK_Error) {
-        WriteMember(out, "message", step.errorMessage);
+        WriteMember(out, "message", step.errorMessage());
     }
     WriteState(out, *step.stateVector);
     if (!ownSelection) {

@@ -9,6 +9,7 @@
 
 #include "metamodel/ComponentDeclaration.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -76,10 +77,10 @@ bool EndsCleanly(MicroTrace const& trace) {
 // it had none, the main run's states are those of that trace already.
 bool IsDeadlocked(ModelInstancePtr const& instance, NamedEventTrace const& trace,
                   ModelStates const& states) {
-    auto const flushFree = TraceAnnotator::rm_queue_flushes(trace);
-    auto const eligible = flushFree == trace ? EligibleEvents(instance, flushFree, states)
-                                             : EligibleEvents(instance, flushFree);
-    return eligible.empty();
+    if (std::none_of(trace.begin(), trace.end(), TraceAnnotator::is_queue_flush)) {
+        return EligibleEvents(instance, trace, states).empty();
+    }
+    return EligibleEvents(instance, TraceAnnotator::rm_queue_flushes(trace)).empty();
 }
 
 } // namespace

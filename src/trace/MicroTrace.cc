@@ -56,7 +56,7 @@ std::string MicroTrace::getErrorMsg() const {
         return m_error;
     }
     if (!steps.empty() && steps.back()->kind == ProgramStep::PSK_Error) {
-        return steps.back()->errorMessage;
+        return steps.back()->errorMessage();
     }
     return "failed";
 }

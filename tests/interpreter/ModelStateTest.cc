@@ -87,7 +87,7 @@ TEST(ModelStateTest, AnErrorOnTopOfAnErrorReplacesIt) {
     state.programError("second");
     auto const steps = state.programTrace->ToVector();
     ASSERT_EQ(steps.size(), 2u);
-    EXPECT_EQ(steps[1]->errorMessage, "second");
+    EXPECT_EQ(steps[1]->errorMessage(), "second");
     EXPECT_EQ(state.message, "second");
 }
 

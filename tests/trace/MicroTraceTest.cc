@@ -87,7 +87,7 @@ TEST(MicroTraceTest, AnUnconstrainedTraceEndsAtTheFirstError) {
     state.programError("second");
     MicroTrace const trace(state);
     ASSERT_EQ(trace.steps.size(), 2u);
-    EXPECT_EQ(trace.steps.back()->errorMessage, "first");
+    EXPECT_EQ(trace.steps.back()->errorMessage(), "first");
     EXPECT_EQ(trace.getErrorMsg(), "second");
     EXPECT_EQ(trace.model, &Source().model("Echo"));
 }
