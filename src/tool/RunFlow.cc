@@ -86,7 +86,7 @@ bool IsDeadlocked(ModelInstancePtr const& instance, NamedEventTrace const& trace
 } // namespace
 
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
-              std::ostream& out) {
+              std::ostream& out, PhaseListener const& phaseDone) {
     auto trace = readTrace(options, in);
     auto const specTrace = readSpecTrace(options, trace);
     auto const errorText = getOption(options, "errormessage");
@@ -101,9 +101,11 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     } else if (type == TT_Interface) {
         trace = stripOffCspChannelName(trace, model.getName());
     }
+    phaseDone("ports");
 
     auto const instance = std::make_shared<ModelInstance const>(model);
     auto const states = MatchingStates(instance, trace);
+    phaseDone("main run");
     if (debug && type != TT_Interface) {
         PrintComponentBanner(*instance, states, type, out);
     }
@@ -112,6 +114,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     if (microTrace.steps.empty()) {
         throw std::runtime_error("The run of model '" + model.getName() + "' recorded no step");
     }
+    phaseDone("reconciliation");
     if (!errorText.empty() && EndsCleanly(microTrace) && microTrace.error().empty()) {
         microTrace.error(errorText);
     }
@@ -119,5 +122,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
         IsDeadlocked(instance, trace, states)) {
         microTrace.error("deadlock in model " + instance->getName());
     }
+    phaseDone("deadlock check");
     printTrace(microTrace, type, out);
+    phaseDone("diagram");
 }

@@ -6,10 +6,16 @@
 
 #include "metamodel/ModelDeclaration.h"
 
+#include <functional>
 #include <istream>
 #include <ostream>
+
+// Told the name of each part of a run as it ends: "ports", "main run",
+// "reconciliation", "deadlock check" and "diagram". The run's benchmark
+// times them.
+using PhaseListener = std::function<void(char const* phase)>;
 
 // Writes the debug banners if asked and one diagram on `out`; a model error
 // is part of the diagram, not a failure.
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
-              std::ostream& out);
+              std::ostream& out, PhaseListener const& phaseDone = [](char const*) {});
