@@ -223,11 +223,12 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
         program.PopNextStatement();
         program.PushStatement(statement.getStatement());
     };
-    auto const line = LineOf(statement);
+    auto const mismatch = [&](std::string const& what) {
+        deadend("On event statement on line: " + LineOf(statement) + " does not represent " + what);
+    };
     if (kel::IsBuiltin(statement)) {
         if (!isMatchingEventStatement(statement, activationEvent.str())) {
-            deadend("On event statement on line: " + line +
-                    " does not represent current call context.");
+            mismatch("current call context.");
             return;
         }
         currentCallContext = kel::TryGetBuiltinEventInstance(statement);
@@ -239,8 +240,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
     if (isComponent() && !stateVector.queue.empty()) {
         auto const name = stateVector.getQueueFront();
         if (!isMatchingEventStatement(statement, name)) {
-            deadend("On event statement on line: " + line +
-                    " does not represent receive queue head.");
+            mismatch("receive queue head.");
             return;
         }
         stateVector.queue.erase(stateVector.queue.begin());
@@ -253,8 +253,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
     }
     auto const name = activationEvent.str();
     if (!isMatchingEventStatement(statement, name)) {
-        deadend("On event statement on line: " + line + " does not represent activation event " +
-                name);
+        mismatch("activation event " + name);
         return;
     }
     currentCallContext = kel::TryGetEventInstance(statement, name);
