@@ -17,9 +17,9 @@ public:
     // The run of one port: its interface, reported under the port's name.
     explicit ModelInstance(kel::PortDeclaration const& port);
 
-    kel::ModelDeclaration const* model;
+    kel::ModelDeclaration const* const model;
     // Null when the model runs for itself.
-    kel::PortDeclaration const* port;
+    kel::PortDeclaration const* const port;
 
     // The port's name if there is a port, else the model's.
     std::string const& getName() const;

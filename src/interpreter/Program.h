@@ -5,7 +5,7 @@
 #include "metamodel/BehaviourStatement.h"
 #include "metamodel/ModelDeclaration.h"
 
-#include <vector>
+#include <boost/container/small_vector.hpp>
 
 struct ProgramScope {
     // The behaviour's top statement.
@@ -15,8 +15,9 @@ struct ProgramScope {
     // A function body, owned by the statement that called it.
     bool IsFunction() const;
 
-    // The next statement at the back.
-    std::vector<kel::BehaviourStatement const*> statements;
+    // The next statement at the back. A scope rarely holds more than a few,
+    // and every step and fork touches them: they live in place.
+    boost::container::small_vector<kel::BehaviourStatement const*, 4> statements;
     kel::BehaviourStatement const* owner = nullptr;
 };
 
@@ -39,6 +40,7 @@ public:
     // Puts the scope's owner back on it: the main program starts over.
     void MainProgramReturn();
 
-    // The current scope at the back.
-    std::vector<ProgramScope> scopes;
+    // The current scope at the back; a fork copies them without allocating
+    // while calls and blocks nest no deeper than this.
+    boost::container::small_vector<ProgramScope, 4> scopes;
 };
