@@ -19,13 +19,15 @@ component C {
   behaviour {
     bool b = true;
     bool f() { if (b) { return true; } }
+    bool k() { if (b) { b = false; } else { return true; } }
     bool g() { if (b) { return true; } else { illegal; } }
     void h() { if (b) { return; } }
     on p.e(): { h(); b = g(); }
   }
 }
 )kel",
-                               {wf(6, 10, "Function does not return a value in all cases: 'f'")}},
+                               {wf(6, 10, "Function does not return a value in all cases: 'f'"),
+                                wf(7, 10, "Function does not return a value in all cases: 'k'")}},
                     SourceCase{"ReturnOutsideFunctions",
                                SERVICE R"kel(
 component C {

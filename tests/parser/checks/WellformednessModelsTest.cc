@@ -107,8 +107,9 @@ component M {
 }
 )kel",
                    {wf(5, 14, "Port is not bound: 'q'"), wf(7, 5, "Port is not bound: 'a.r'")}},
-        SourceCase{"DoubleBindings",
-                   LEAF R"kel(
+        SourceCase{
+            "DoubleBindings",
+            LEAF R"kel(
 component M {
   provides I p;
   system {
@@ -127,15 +128,16 @@ component N {
     Leaf a;
     p <=> a.p;
     a.r <=> a.r;
+    a.r <=> a.p;
   }
 }
 )kel",
-                   {wf(10, 5, "Port is bound twice: 'a.r'"),
-                    wf(10, 13, "Port is bound twice: 'b.p'"),
-                    wf(11, 13, "Wildcard can be bound to a provided port only"),
-                    wf(12, 13, "Wildcard can be bound to a provided port only"),
-                    wf(20, 5, "Port is bound twice: 'a.r'"),
-                    wf(20, 13, "Binding directions do not match")}},
+            {wf(10, 5, "Port is bound twice: 'a.r'"), wf(10, 13, "Port is bound twice: 'b.p'"),
+             wf(11, 13, "Wildcard can be bound to a provided port only"),
+             wf(12, 13, "Wildcard can be bound to a provided port only"),
+             wf(20, 5, "Port is bound twice: 'a.r'"), wf(21, 13, "Port is bound twice: 'a.p'"),
+             wf(21, 5, "Port is bound twice: 'a.r'"),
+             wf(20, 13, "Binding directions do not match")}},
         // One report per earlier binding that names a side, in the
         // order of those bindings, left side before right.
         SourceCase{

@@ -136,13 +136,14 @@ component C {
   requires I r;
   behaviour {
     on p.o(): r.e();
-    on r.o(): p.e();
+    on r.o(), p.o(): p.e();
     on p.e(), r.o(): { p.o(); r.e(); }
   }
 }
 )kel",
                                {wf(6, 8, "Event is not a valid trigger: 'p.o'"),
-                                wf(7, 15, "Event is not an action: 'p.e'")}},
+                                wf(7, 15, "Event is not a valid trigger: 'p.o'"),
+                                wf(7, 22, "Event is not an action: 'p.e'")}},
                     SourceCase{"OnlyOutEventsMeanNoTriggers",
                                R"kel(
 interface I {
@@ -160,13 +161,14 @@ INSTANTIATE_TEST_SUITE_P(
 interface I {
   in bool e();
   behaviour {
-    bool b = true;
+    bool b = true; bool c = f(b);
     bool f(bool x) { return x; }
     on e: { b = f(b); b = f(b) && b; b = f(f(b)); f(b); reply(b); }
   }
 }
 )kel",
-                               {wf(6, 27, "Function calls are not allowed here"),
+                               {wf(4, 29, "Function calls are not allowed here"),
+                                wf(6, 27, "Function calls are not allowed here"),
                                 wf(6, 44, "Function calls are not allowed here"),
                                 wf(6, 51, "Function value discarded: 'f'")}},
                     SourceCase{"TopOfAnElseBranchIsCheckedTwice",

@@ -167,10 +167,4 @@ INSTANTIATE_TEST_SUITE_P(
         ConstructErrorCase{"component C { behaviour { requires J x; } }",
                            "t.kel:1:36: Only 'kel.async' allowed: 'J'\n"}));
 
-TEST_F(ParserTest, SyntaxErrorsFailTheParseButKeepWhatRecoveryBuilt) {
-    EXPECT_FALSE(parse("enum E {};\nenum F { a };"));
-    EXPECT_EQ(errors(), "t.kel:1:9: syntax error, unexpected }, expecting identifier\n");
-    EXPECT_EQ(top().getTypesSize(), 2u);
-}
-
 } // namespace

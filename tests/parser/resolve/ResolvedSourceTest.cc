@@ -51,6 +51,7 @@ component C { provides I p; behaviour {
     bool y = z;    //@14: Undefined identifier: 'z'
     bool z = z;
     s;             //@5: Expression with type 'Variable' not allowed here: 's'
+    p;             //@5: Expression with type 'Port' not allowed here: 'p'
     u.x();         //@5: Undefined identifier: 'u'
     I;             //@5: Expression with type 'Interface' not allowed here: 'I'
     p.v();
@@ -63,7 +64,7 @@ component C { provides I p; behaviour {
                                          resolvedCase("ComponentTriggers", R"kel(
 subint S {0..3};
 subint T {0..3};
-interface I { in void e(S a); in void g(T a); in void h(); in void k(S a, S b); }
+interface I { in void e(S a); in void g(T a); in void h(); in void k(S a, S b); in void m(.S a); }
 component C { provides I p; behaviour {
   S s = 0;
   on p.e(x), p.g(x): s = 1; //@18: Trigger parameters with same name but different type: 'x' //@10: previous 'x' defined here
@@ -72,11 +73,12 @@ component C { provides I p; behaviour {
   on p.e(w.v): s = 1;       //@10: Variable expected
   on p.e(): s = 1;          //@6: Event must have the same number of arguments as its definition: 'p.e'
   on p.k(x <- u, x): s = x; //@15: Undefined identifier: 'u' //@18: identifier declared before: 'x' //@10: previous 'x' defined here
-  on p.e: s = 1;            //@6: Event must be used with parentheses: 'e'
+  on p.e: { illegal; s = 1; } //@6: Event must be used with parentheses: 'e'
   on p.e: illegal;
   on p.e(): { illegal; }
+  on p.h(z): illegal;       //@6: Event must have the same number of arguments as its definition: 'p.h'
   on q.e(): s = 1;          //@6: undefined Port reference: 'q'
-  on p.e(x), p.k(x, t): s = x + t;
+  on p.e(x), p.k(x, t), p.m(x): s = x + t;
 } }
 )kel"),
                                          resolvedCase("InterfaceTriggers", R"kel(

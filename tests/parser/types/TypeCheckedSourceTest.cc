@@ -103,15 +103,18 @@ component C { provides I p; behaviour {
 extern Msg $char*$;
 interface I { in void e(); }
 interface J { in Msg e(); } //@18: Datatype is not allowed as return type: 'Msg'
+namespace n { interface I { in void e(); } }
 component A { provides I p; requires J r; behaviour {
   Msg g() { } //@3: Datatype is not allowed as return type: 'Msg'
   on p.e(): {}
 } }
+component B { provides n.I p; }
 component S { provides I p; system {
-  A a; A b;
+  A a; A b; B c;
   p <=> a.p;
   a.r <=> b.p; //@11: '<=>' requires two arguments of equal type
   a.r <=> *;
+  p <=> c.p; //@9: '<=>' requires two arguments of equal type
 } }
 )kel")),
                          caseName);

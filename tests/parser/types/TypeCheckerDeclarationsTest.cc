@@ -132,12 +132,5 @@ TEST_F(TypeCheckerDeclarationsTest, InnerNamespacesFirstThenEventsFunctionsBindi
                                       "t.kel:6:6: type mismatch: 'bool' expected, found: 'int'"));
 }
 
-TEST_F(TypeCheckerDeclarationsTest, AWellTypedTreePasses) {
-    addModel(space(), interface("I", {eventReturning("bool", 1)},
-                                behaviour({variable("v", boolType, boolean(2, 10))}, {}, {})));
-    EXPECT_TRUE(checker.checkAllExpressionTypes());
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
 } // namespace
 } // namespace language::test
