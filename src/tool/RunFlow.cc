@@ -50,7 +50,7 @@ TraceType TraceTypeOf(kel::ModelDeclaration const& model, Options const& options
 // port, the trace for any other.
 PortStates RunPorts(kel::ComponentDeclaration const& component, NamedEventTrace const& trace,
                     NamedEventTrace const& specTrace, bool debug, TraceType type,
-                    std::ostream& out) {
+                    std::ostream& out, ProgressLine& progress) {
     PortStates portStates;
     for (auto const* port : component.getPorts()) {
         auto const& name = port->getName();
@@ -59,6 +59,7 @@ PortStates RunPorts(kel::ComponentDeclaration const& component, NamedEventTrace 
         auto states =
             MatchingStates(instance, stripOffCspChannelName(filterCspChannelEvents(events, name), name));
         if (debug) {
+            progress.Erase();
             PrintPortBanner(*instance, states, type, out);
         }
         if (!states.empty()) {
@@ -75,7 +76,7 @@ bool EndsCleanly(MicroTrace const& trace) {
 } // namespace
 
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
-              std::ostream& out) {
+              std::ostream& out, ProgressLine& progress) {
     auto trace = readTrace(options, in);
     auto const specTrace = readSpecTrace(options, trace);
     auto const errorText = getOption(options, "errormessage");
@@ -85,7 +86,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     PortStates portStates;
     if (type == TT_Constrained) {
         portStates =
-            RunPorts(*model.asComponentDeclaration(), trace, specTrace, debug, type, out);
+            RunPorts(*model.asComponentDeclaration(), trace, specTrace, debug, type, out, progress);
         trace = TraceAnnotator::add_queue_flushes(trace, portStates);
     } else if (type == TT_Interface) {
         trace = stripOffCspChannelName(trace, model.getName());
@@ -94,6 +95,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     auto const instance = std::make_shared<ModelInstance const>(model);
     auto const states = MatchingStates(instance, trace);
     if (debug && type != TT_Interface) {
+        progress.Erase();
         PrintComponentBanner(*instance, states, type, out);
     }
     auto const& state = *states.front();
@@ -108,5 +110,6 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
         EligibleEvents(instance, TraceAnnotator::rm_queue_flushes(trace)).empty()) {
         microTrace.error("deadlock in model " + instance->getName());
     }
+    progress.Erase();
     printTrace(microTrace, type, out);
 }
