@@ -38,7 +38,7 @@ test-sanitize: setup
 fuzz: setup
 	@CXX=clang++ cmake -S . -B $(FUZZ_DIR) -G Ninja -DKEL_FUZZ=ON -DKEL_BENCHMARKS=OFF \
 		-DKEL_WERROR=OFF -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O1
-	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target source_fuzzer trace_fuzzer
+	@cmake --build $(FUZZ_DIR) -j $(JOBS) --target source_fuzzer trace_fuzzer run_fuzzer
 	@scripts/fuzz.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
 
 clean:

@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
     NullBuffer nothing;
     std::ostream discard(&nothing);
     std::istringstream noInput;
-    RunModel(*model, options, noInput, discard, phaseDone);
+    ProgressLine silent(std::cerr, false);
+    RunModel(*model, options, noInput, discard, silent, phaseDone);
     std::cout << "\n";
 }

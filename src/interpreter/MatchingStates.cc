@@ -1,4 +1,5 @@
 #include "interpreter/MatchingStates.h"
+#include "interpreter/SearchObserver.h"
 
 #include "metamodel/ComponentDeclaration.h"
 #include "metamodel/EventSets.h"
@@ -31,14 +32,17 @@ void FileDeadEnd(ModelStatePtr state, ModelStates const& solutions, ModelStates&
 // solutions and errors in `solutions`, the dead ends that got furthest in
 // `partials` while nothing else is found. The walk keeps its own stack, so
 // that a long trace with a fork at every entry cannot exhaust the process's,
-// and a state is let go as soon as it has forked.
+// and a state is let go as soon as it has forked. The installed observer
+// hears how many states the walk explored and how far it got.
 void CompleteMatchingStates(ModelStatePtr state, ModelStates& solutions, ModelStates& partials) {
+    SearchTally tally;
     ModelStates pending;
     pending.push_back(std::move(state));
     while (!pending.empty()) {
         auto current = std::move(pending.back());
         pending.pop_back();
         current->runToNextBranchPoint();
+        tally.Count(*current);
         if (current->IsSolution() || current->isProgramError) {
             solutions.push_back(std::move(current));
         } else if (!current->isStopped) {
@@ -49,6 +53,7 @@ void CompleteMatchingStates(ModelStatePtr state, ModelStates& solutions, ModelSt
             FileDeadEnd(std::move(current), solutions, partials);
         }
     }
+    tally.Report();
 }
 
 // The search of MatchingStates; `wholeHistory` false for one whose states'

@@ -9,9 +9,21 @@
 
 std::int32_t ModelState::next_oid = 0;
 
+namespace {
+
+// Ids wrap around instead of overflowing: a search through more than 2^31
+// states is long, not wrong, and an id only labels a state in the banners.
+std::int32_t TakeOid() {
+    auto const oid = ModelState::next_oid;
+    ModelState::next_oid = static_cast<std::int32_t>(static_cast<std::uint32_t>(oid) + 1u);
+    return oid;
+}
+
+} // namespace
+
 ModelState::ModelState(ModelInstancePtr const& instance,
                        std::vector<std::string> const& namedEventTrace)
-    : oid(next_oid++), parentOid(oid), modelInstance(instance),
+    : oid(TakeOid()), parentOid(oid), modelInstance(instance),
       programTrace(std::make_shared<ProgramTrace>()), stateVector(instance),
       program(*instance->model), namedEventTrace(namedEventTrace) {
     auto const& model = *modelInstance->model;
@@ -42,7 +54,7 @@ ModelState::ModelState(ModelInstancePtr const& instance,
 }
 
 ModelState::ModelState(ModelState const& source)
-    : oid(next_oid++), parentOid(source.oid), modelInstance(source.modelInstance),
+    : oid(TakeOid()), parentOid(source.oid), modelInstance(source.modelInstance),
       programTrace(source.programTrace), stateVector(source.stateVector),
       isActive(source.isActive), isAutoActive(source.isAutoActive),
       activationEvent(source.activationEvent), currentCallContext(source.currentCallContext),

@@ -51,7 +51,7 @@ TraceType TraceTypeOf(kel::ModelDeclaration const& model, Options const& options
 // port, the trace for any other.
 PortStates RunPorts(kel::ComponentDeclaration const& component, NamedEventTrace const& trace,
                     NamedEventTrace const& specTrace, bool debug, TraceType type,
-                    std::ostream& out) {
+                    std::ostream& out, ProgressLine& progress) {
     PortStates portStates;
     for (auto const* port : component.getPorts()) {
         auto const& name = port->getName();
@@ -60,6 +60,7 @@ PortStates RunPorts(kel::ComponentDeclaration const& component, NamedEventTrace 
         auto states =
             MatchingStates(instance, stripOffCspChannelName(filterCspChannelEvents(events, name), name));
         if (debug) {
+            progress.Erase();
             PrintPortBanner(*instance, states, type, out);
         }
         if (!states.empty()) {
@@ -86,7 +87,7 @@ bool IsDeadlocked(ModelInstancePtr const& instance, NamedEventTrace const& trace
 } // namespace
 
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
-              std::ostream& out, PhaseListener const& phaseDone) {
+              std::ostream& out, ProgressLine& progress, PhaseListener const& phaseDone) {
     auto trace = readTrace(options, in);
     auto const specTrace = readSpecTrace(options, trace);
     auto const errorText = getOption(options, "errormessage");
@@ -96,7 +97,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     PortStates portStates;
     if (type == TT_Constrained) {
         portStates =
-            RunPorts(*model.asComponentDeclaration(), trace, specTrace, debug, type, out);
+            RunPorts(*model.asComponentDeclaration(), trace, specTrace, debug, type, out, progress);
         trace = TraceAnnotator::add_queue_flushes(trace, portStates);
     } else if (type == TT_Interface) {
         trace = stripOffCspChannelName(trace, model.getName());
@@ -107,6 +108,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
     auto const states = MatchingStates(instance, trace);
     phaseDone("main run");
     if (debug && type != TT_Interface) {
+        progress.Erase();
         PrintComponentBanner(*instance, states, type, out);
     }
     auto const& state = *states.front();
@@ -123,6 +125,7 @@ void RunModel(kel::ModelDeclaration const& model, Options const& options, std::i
         microTrace.error("deadlock in model " + instance->getName());
     }
     phaseDone("deadlock check");
+    progress.Erase();
     printTrace(microTrace, type, out);
     phaseDone("diagram");
 }

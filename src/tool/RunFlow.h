@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tool/Options.h"
+#include "tool/ProgressLine.h"
 
 #include "metamodel/ModelDeclaration.h"
 
@@ -16,6 +17,7 @@
 using PhaseListener = std::function<void(char const* phase)>;
 
 // Writes the debug banners if asked and one diagram on `out`; a model error
-// is part of the diagram, not a failure.
+// is part of the diagram, not a failure. `progress` is erased before each.
 void RunModel(kel::ModelDeclaration const& model, Options const& options, std::istream& in,
-              std::ostream& out, PhaseListener const& phaseDone = [](char const*) {});
+              std::ostream& out, ProgressLine& progress,
+              PhaseListener const& phaseDone = [](char const*) {});

@@ -7,6 +7,8 @@
 #include <exception>
 #include <iostream>
 
+#include <unistd.h>
+
 namespace {
 
 bool usageRequested(Options const& options) {
@@ -22,7 +24,10 @@ int run(Options const& options) {
         std::cerr << "Model '" << modelName << "' not found.\n";
         return 1;
     }
-    RunModel(*model, options, std::cin, std::cout);
+    // Only a terminal shows progress: a log stream that is a file or a pipe
+    // gets nothing but the messages it always got.
+    ProgressLine progress(std::cerr, isatty(STDERR_FILENO) == 1);
+    RunModel(*model, options, std::cin, std::cout, progress);
     return 0;
 }
 

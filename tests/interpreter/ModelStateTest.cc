@@ -8,6 +8,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <limits>
+
 namespace interpreter::test {
 namespace {
 
@@ -79,6 +82,18 @@ TEST(ModelStateTest, ACopyHasItsOwnTraceButSharesTheHistory) {
     EXPECT_EQ(longer.namedEventTrace.size(), 2u);
     EXPECT_EQ(longer.namedEventTrace[1], "p.return");
     EXPECT_EQ(source.namedEventTrace.size(), 1u);
+}
+
+// A search through more than 2^31 states takes ids past the largest one.
+TEST(ModelStateTest, IdsWrapAroundAfterTheLargest) {
+    auto const saved = ModelState::next_oid;
+    ModelState::next_oid = std::numeric_limits<std::int32_t>::max();
+    ModelState const last(Source().run("C"), {});
+    ModelState const next(last);
+    ModelState::next_oid = saved;
+    EXPECT_EQ(last.oid, std::numeric_limits<std::int32_t>::max());
+    EXPECT_EQ(next.oid, std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(next.parentOid, last.oid);
 }
 
 TEST(ModelStateTest, AnErrorOnTopOfAnErrorReplacesIt) {

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <fstream>
 #include <sstream>
+#include <string>
 
 namespace {
 
@@ -76,6 +77,19 @@ TEST_F(TraceSourceTest, FileBeforeInlineBeforeStandardInput) {
                 ElementsAre("f.one", "f.two"));
     EXPECT_THAT(readTrace({{"trace", "i.x"}}, stdinStream), ElementsAre("i.x"));
     EXPECT_THAT(readTrace({}, stdinStream), ElementsAre("in.one"));
+}
+
+// An inline trace of 10 MB: more than one argument of a command line may
+// carry, so only a caller of the library can hand it over.
+TEST_F(TraceSourceTest, TenMegabyteInlineTraceSplitsIntoItsEvents) {
+    std::string text;
+    for (int i = 0; i < 500000; ++i) {
+        text += "p.open, p.<<flush>>\n";
+    }
+    auto const trace = readTrace({{"trace", text}}, stdinStream);
+    EXPECT_EQ(text.size(), 10000000u);
+    ASSERT_EQ(trace.size(), 500000u);
+    EXPECT_EQ(trace.back(), "p.open");
 }
 
 TEST_F(TraceSourceTest, EmptyTraceFileNameIsAnUnopenableFile) {
