@@ -2,10 +2,12 @@
 // the parent, users and root indexes consistent while objects come and go.
 #pragma once
 
+#include "om/DenseIdMap.h"
 #include "om/FactoryBase.h"
 #include "om/Object.h"
 #include "om/ObjectIndex.h"
 #include "om/Oid.h"
+#include "om/UserSet.h"
 
 #include <map>
 #include <memory>
@@ -88,17 +90,25 @@ public:
     // The first root that `accept` takes, or null; stops there, unlike the
     // collections above, which matters while many parts of a tree await a parent.
     template <class Accept> Object const* findRoot(Accept accept) const {
-        for (auto const& entry : m_roots) {
-            if (accept(*entry.second)) {
-                return entry.second;
-            }
-        }
-        return nullptr;
+        // The roots are the stored objects whose parent entry says NULL_OID.
+        Object const* found = nullptr;
+        m_parents.findIf([&](Oid id, Oid parent) {
+            Object const* object = parent == NULL_OID ? m_objects.find(id) : nullptr;
+            found = object != nullptr && accept(*object) ? object : nullptr;
+            return found != nullptr;
+        });
+        return found;
     }
 
     // ---- Changes.
     // A new object of the class with all its required children, recursively.
     Object const* createRecursive(std::string const& className);
+    // Takes a new object, made outside the store with all its members set,
+    // and leaves the store as createRecursive and an update would: the
+    // children it names, all in the store, come to it from wherever they
+    // were. So an object is made in one step, without placeholder children.
+    // Its required compositions must be filled.
+    Object const& insert(std::unique_ptr<Object> object);
     // Assigns the state of `changed`, a changed copy of a stored object, into
     // that object, and brings the indexes along; dropped children are destroyed.
     void update(Object const& changed);
@@ -131,6 +141,7 @@ private:
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
     static SortedOids sortedChildIds(Object const& object);
+    static void requireNewObject(Object const& object, ObjectModel const* owner);
     void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
@@ -145,11 +156,10 @@ private:
 
     FactoryBase& m_factory;
     ObjectIndex m_objects;
-    std::map<Oid, Oid> m_parents;
-    std::map<Oid, OidSet> m_users;
-    // Ordered by id rather than by address, so that every walk over the roots
-    // is the same from run to run.
-    std::map<Oid, Object const*> m_roots;
+    // Walked in id order rather than by address, so that every walk over the
+    // roots is the same from run to run.
+    DenseIdMap<Oid> m_parents;
+    DenseIdMap<UserSet> m_users;
     // Destroyed objects stay readable through pointers that code still holds,
     // until clear() or the end of the process.
     OwnedObjects m_destroyed;

@@ -97,7 +97,6 @@ void ObjectModel::removeObjects(Oid id, OwnedObjects& out) {
     out.clear();
     ConstObjectVec tree;
     collectTree(*findRef(id), tree);
-    m_roots.erase(id);
     for (Object const* object : tree) {
         Oid const objectId = object->getOid();
         std::unique_ptr<Object> removed = m_objects.extract(objectId);

@@ -3,10 +3,10 @@
 namespace kel::gen {
 namespace {
 
-// "getComposition(MComposition)" or "getAssociation(MAssociation)".
-std::string ValueOf(Member const& member) {
-    auto const getter = member.isComposition() ? "getComposition(" : "getAssociation(";
-    return getter + member.keyConstant() + ")";
+// The member's value read from its slot, e.g. "getCompositionAt(2, MComposition)".
+std::string ValueOf(Schema const& schema, ClassDef const& cls, Member const& member) {
+    auto const getter = member.isComposition() ? "getCompositionAt(" : "getAssociationAt(";
+    return getter + std::to_string(schema.slotOf(cls, member)) + ", " + member.keyConstant() + ")";
 }
 
 // Stores one id, or none for NULL_OID, as the member's whole value.
@@ -17,14 +17,14 @@ std::string StoreSingle(Member const& member, std::string const& id) {
            member.keyConstant() + ", ids);";
 }
 
-Methods SingleMethods(Member const& member) {
+Methods SingleMethods(std::string const& value, Member const& member) {
     auto const& m = member.name;
     auto const& t = member.type;
     Methods methods{
         {.result = "om::Oid",
          .name = "get" + m + "Oid",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".get();"},
+         .body = "return " + value + ".get();"},
         {.result = "void",
          .name = "set" + m,
          .parameters = t + " const& value",
@@ -38,7 +38,7 @@ Methods SingleMethods(Member const& member) {
         methods.push_back({.result = "bool",
                            .name = "has" + m,
                            .isConst = true,
-                           .body = "return " + ValueOf(member) + ".size() != 0;"});
+                           .body = "return " + value + ".size() != 0;"});
         methods.push_back(
             {.result = "void", .name = "clear" + m, .body = StoreSingle(member, "om::NULL_OID")});
         methods.push_back({.result = t + " const*",
@@ -88,27 +88,29 @@ Methods UnboundedChanges(Member const& member) {
     };
 }
 
-Methods UnboundedQueries(Member const& member) {
+Methods UnboundedQueries(std::string const& value, Member const& member) {
     auto const& m = member.name;
     auto const vec = VecName(member.type);
     return {
-        {.result = "bool",
-         .name = "has" + m,
-         .isConst = true,
-         .body = "return !" + ValueOf(member) + ".empty();"},
+        {.result = "bool", .name = "has" + m, .isConst = true, .body = "return !" + value + ".empty();"},
         {.result = "std::uint64_t",
          .name = "get" + m + "Size",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".size();"},
+         .body = "return " + value + ".size();"},
         {.result = "bool",
          .name = "isMemberOf" + m,
          .parameters = "om::Oid id",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".contains(id);"},
+         .body = "return " + value + ".contains(id);"},
         {.result = vec,
          .name = "get" + m,
          .isConst = true,
-         .body = "return ResolveIds<" + vec + ">(*this, " + ValueOf(member) + ");"},
+         .body = "return ResolveIds<" + vec + ">(*this, " + value + ");"},
+        // A walk that finds each object as it reaches it, with no vector to build.
+        {.result = "om::ObjectView<" + member.type + ">",
+         .name = "get" + m + "View",
+         .isConst = true,
+         .body = "return {getOwner(), " + value + "};"},
         {.result = vec,
          .name = "get" + m + "Vec",
          .isConst = true,
@@ -122,15 +124,17 @@ Methods UnboundedQueries(Member const& member) {
 
 } // namespace
 
-Methods RelationMethods(ClassDef const& cls) {
+Methods RelationMethods(Schema const& schema, ClassDef const& cls) {
     Methods methods;
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
             continue;
         }
-        auto const families = member.isUnbounded() ? std::vector<Methods>{UnboundedChanges(member),
-                                                                          UnboundedQueries(member)}
-                                                   : std::vector<Methods>{SingleMethods(member)};
+        auto const value = ValueOf(schema, cls, member);
+        auto const families =
+            member.isUnbounded()
+                ? std::vector<Methods>{UnboundedChanges(member), UnboundedQueries(value, member)}
+                : std::vector<Methods>{SingleMethods(value, member)};
         for (auto const& more : families) {
             methods.insert(methods.end(), more.begin(), more.end());
         }
