@@ -61,29 +61,27 @@ public:
     };
     using iterator = const_iterator;
 
-    MemberMap() noexcept : m_names(&MemberNames::empty()) {}
+    MemberMap() noexcept : m_names(&MemberNames::empty()) { layOut(); }
     // One empty value per name.
-    explicit MemberMap(MemberNames const& names) : m_names(&names), m_onHeap(allocate(names)) {}
+    explicit MemberMap(MemberNames const& names) : m_names(&names) { layOut(); }
     MemberMap(MemberMap const& other) : MemberMap(*other.m_names) { copyValues(other); }
     MemberMap(MemberMap&& other) noexcept : m_names(other.m_names) { takeValues(other); }
     MemberMap& operator=(MemberMap const& other) {
-        if (this != &other) {
-            if (m_names != other.m_names) {
-                relayout(*other.m_names);
-            }
-            copyValues(other);
+        if (m_names != other.m_names) {
+            return *this = MemberMap(other);
         }
+        copyValues(other);
         return *this;
     }
     MemberMap& operator=(MemberMap&& other) noexcept {
         if (this != &other) {
-            relayout(MemberNames::empty());
+            clear();
             m_names = other.m_names;
             takeValues(other);
         }
         return *this;
     }
-    ~MemberMap() = default;
+    ~MemberMap() { clear(); }
 
     MemberNames const& names() const { return *m_names; }
     size_type size() const { return m_names->size(); }
@@ -131,31 +129,48 @@ public:
 private:
     static constexpr Slot InPlace = 2;
 
-    static std::unique_ptr<Value[]> allocate(MemberNames const& names) {
-        return names.size() <= InPlace ? nullptr : std::make_unique<Value[]>(names.size());
+    bool inPlace() const { return size() <= InPlace; }
+    Value* values() { return inPlace() ? m_inPlace : m_onHeap; }
+    Value const* values() const { return inPlace() ? m_inPlace : m_onHeap; }
+    // Empty values for the names, where their number says.
+    void layOut() {
+        if (inPlace()) {
+            std::uninitialized_value_construct_n(m_inPlace, InPlace);
+        } else {
+            m_onHeap = new Value[size()]();
+        }
     }
-    Value* values() { return size() <= InPlace ? m_inPlace : m_onHeap.get(); }
-    Value const* values() const { return size() <= InPlace ? m_inPlace : m_onHeap.get(); }
+    // Ends the values and leaves the map without names.
+    void clear() noexcept {
+        if (inPlace()) {
+            std::destroy_n(m_inPlace, InPlace);
+        } else {
+            delete[] m_onHeap;
+        }
+        m_names = &MemberNames::empty();
+    }
     void copyValues(MemberMap const& other) {
         std::copy(other.values(), other.values() + size(), values());
     }
     // Takes the values of `other`, which the names of this map describe, and
     // leaves `other` without names.
     void takeValues(MemberMap& other) noexcept {
-        std::move(other.m_inPlace, other.m_inPlace + InPlace, m_inPlace);
-        m_onHeap = std::move(other.m_onHeap);
+        if (inPlace()) {
+            std::uninitialized_move_n(other.m_inPlace, InPlace, m_inPlace);
+            std::destroy_n(other.m_inPlace, InPlace);
+        } else {
+            m_onHeap = other.m_onHeap;
+        }
         other.m_names = &MemberNames::empty();
-    }
-    // Empty values for `names`; what the map held goes.
-    void relayout(MemberNames const& names) {
-        std::fill(m_inPlace, m_inPlace + InPlace, Value());
-        m_onHeap = allocate(names);
-        m_names = &names;
+        other.layOut();
     }
 
     MemberNames const* m_names;
-    Value m_inPlace[InPlace];
-    std::unique_ptr<Value[]> m_onHeap;
+    // The values live here while they fit, else on the heap.
+    union {
+        Value m_inPlace[InPlace];
+        Value* m_onHeap;
+    };
 };
 
 } // namespace om

@@ -107,6 +107,12 @@ public:
     CompositionValue const& getCompositionAt(Slot slot, std::string const& name) const {
         return slot < m_compositions.size() ? m_compositions.atSlot(slot) : getComposition(name);
     }
+    AssociationValue& getAssociationRefAt(Slot slot, std::string const& name) {
+        return slot < m_associations.size() ? m_associations.atSlot(slot) : getAssociationRef(name);
+    }
+    CompositionValue& getCompositionRefAt(Slot slot, std::string const& name) {
+        return slot < m_compositions.size() ? m_compositions.atSlot(slot) : getCompositionRef(name);
+    }
     AssociationMap const& getAssociations() const { return m_associations; }
     CompositionMap const& getCompositions() const { return m_compositions; }
     // Check counts and uniqueness against the definition, never the targets.

@@ -9,9 +9,12 @@
 #include "om/Oid.h"
 #include "om/UserSet.h"
 
+#include <boost/container/small_vector.hpp>
+
 #include <map>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -133,8 +136,9 @@ public:
     bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
 
 private:
-    // Ascending and without repetition: an ordered set of ids without a heap node per id.
-    using SortedOids = std::vector<Oid>;
+    // Ascending and without repetition: an ordered set of ids, without the
+    // heap for the few children an object mostly has.
+    using SortedOids = boost::container::small_vector<Oid, 8>;
 
     // Out of line, so that the lookups stay small enough to inline.
     [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
@@ -142,11 +146,11 @@ private:
     Object& administerObjectAdded(std::unique_ptr<Object> object);
     static SortedOids sortedChildIds(Object const& object);
     static void requireNewObject(Object const& object, ObjectModel const* owner);
-    void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
+    void administerChildrenAddedToObject(Object const& parent, std::span<Oid const> childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
     // Makes the gained children known and the lost ones roots; returns the lost ones.
-    SortedOids updateChildren(Object const& current, Object const& changed);
+    std::vector<Oid> updateChildren(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
     void forgetDestroyedObject(Object const& object);
     void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,

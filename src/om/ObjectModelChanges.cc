@@ -26,8 +26,8 @@ Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
     return added;
 }
 
-void ObjectModel::administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
-                                                  bool mayReparent) {
+void ObjectModel::administerChildrenAddedToObject(Object const& parent,
+                                                  std::span<Oid const> childIds, bool mayReparent) {
     for (Oid const childId : childIds) {
         Oid& parentEntry = *m_parents.tryEmplace(childId).first;
         if (parentEntry != NULL_OID) {
@@ -62,7 +62,7 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
         object.setComposition(name, children);
     }
     // Ascending already: the generator hands out increasing ids.
-    administerChildrenAddedToObject(object, childIds, false);
+    administerChildrenAddedToObject(object, {childIds.data(), childIds.size()}, false);
     return &object;
 }
 
@@ -73,10 +73,14 @@ Object const& ObjectModel::insert(std::unique_ptr<Object> object) {
     }
     object->setOwner(this);
     Object& added = administerObjectAdded(std::move(object));
-    for (Oid const target : added.getAllAssociations()) {
-        m_users[target].insert(added.getOid());
+    // A target named twice gets the user once: the users entry is a set.
+    for (auto const& entry : added.getAssociations()) {
+        for (Oid const target : entry.second) {
+            m_users[target].insert(added.getOid());
+        }
     }
-    administerChildrenAddedToObject(added, sortedChildIds(added), true);
+    SortedOids const children = sortedChildIds(added);
+    administerChildrenAddedToObject(added, {children.data(), children.size()}, true);
     return added;
 }
 
@@ -112,7 +116,7 @@ void ObjectModel::update(Object const& changed) {
                           current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
     }
     updateUsers(*current, changed);
-    SortedOids const lostChildren = updateChildren(*current, changed);
+    std::vector<Oid> const lostChildren = updateChildren(*current, changed);
     current->conservativeAssign(changed, false);
     for (Oid const childId : lostChildren) {
         destroyRecursiveImpl(childId);
@@ -130,7 +134,7 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     }
 }
 
-ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
+std::vector<Oid> ObjectModel::updateChildren(Object const& current, Object const& changed) {
     IdDelta delta = deltaOf(current.getCompositions(), changed.getCompositions());
     // An added id that is a child of this object already only moved within it.
     std::erase_if(delta.added, [&](Oid id) {

@@ -90,7 +90,7 @@ void ObjectModel::adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> cons
     for (Oid const childId : children) {
         adoptTree(childId, slots, entered);
     }
-    administerChildrenAddedToObject(object, children, false);
+    administerChildrenAddedToObject(object, {children.data(), children.size()}, false);
 }
 
 void ObjectModel::removeObjects(Oid id, OwnedObjects& out) {

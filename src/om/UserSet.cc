@@ -1,87 +1,123 @@
 #include "om/UserSet.h"
 
+#include "om/DenseIdMap.h"
+
 #include <algorithm>
-#include <utility>
+#include <memory>
 
 namespace om {
 
-bool UserSet::insert(Oid id) {
-    if (m_many != nullptr) {
-        return insertIntoMany(id);
+// More than one user: sorted in `few` up to FewUsers, then all in `all`.
+struct UserSet::Many {
+    struct Present {
+        bool operator==(Present const&) const = default;
+    };
+    static constexpr std::size_t FewUsers = 64;
+
+    std::vector<Oid> few;
+    std::unique_ptr<DenseIdMap<Present>> all;
+};
+
+void UserSet::deleteMany() noexcept {
+    delete &many();
+    m_word = 0;
+}
+
+bool UserSet::holdSingle(Oid id) {
+    std::uintptr_t const word = (static_cast<std::uintptr_t>(id) << 1) | 1;
+    if (id == NULL_OID || static_cast<Oid>(static_cast<std::int64_t>(word) >> 1) != id) {
+        return false; // an id of the highest magnitudes loses its top bit
     }
-    if (m_single == NULL_OID || m_single == id) {
-        return std::exchange(m_single, id) != id;
-    }
-    m_many = std::make_unique<Many>();
-    m_many->few = {std::min(m_single, id), std::max(m_single, id)};
-    m_single = NULL_OID;
+    m_word = word;
     return true;
 }
 
-bool UserSet::insertIntoMany(Oid id) {
-    if (m_many->all != nullptr) {
-        return m_many->all->tryEmplace(id).second;
+bool UserSet::insert(Oid id) {
+    if (holdsMany()) {
+        return insertIntoMany(id);
     }
-    std::vector<Oid>& few = m_many->few;
-    auto const at = std::ranges::lower_bound(few, id);
-    if (at != few.end() && *at == id) {
+    Oid const one = single();
+    if (one == id) {
         return false;
     }
-    few.insert(at, id);
-    if (few.size() > FewUsers) {
-        m_many->all = std::make_unique<DenseIdMap<Present>>();
-        for (Oid const user : few) {
-            m_many->all->tryEmplace(user);
+    if (one == NULL_OID && holdSingle(id)) {
+        return true;
+    }
+    auto users = std::make_unique<Many>();
+    if (one != NULL_OID) {
+        users->few.push_back(one);
+    }
+    m_word = reinterpret_cast<std::uintptr_t>(users.release());
+    return insertIntoMany(id);
+}
+
+bool UserSet::insertIntoMany(Oid id) {
+    Many& users = many();
+    if (users.all != nullptr) {
+        return users.all->tryEmplace(id).second;
+    }
+    auto const at = std::ranges::lower_bound(users.few, id);
+    if (at != users.few.end() && *at == id) {
+        return false;
+    }
+    users.few.insert(at, id);
+    if (users.few.size() > Many::FewUsers) {
+        users.all = std::make_unique<DenseIdMap<Many::Present>>();
+        for (Oid const user : users.few) {
+            users.all->tryEmplace(user);
         }
-        std::vector<Oid>().swap(few);
+        std::vector<Oid>().swap(users.few);
     }
     return true;
 }
 
 bool UserSet::erase(Oid id) {
-    if (m_many == nullptr) {
-        if (id == NULL_OID || m_single != id) {
+    if (!holdsMany()) {
+        if (id == NULL_OID || single() != id) {
             return false;
         }
-        m_single = NULL_OID;
+        m_word = 0;
         return true;
     }
-    if (m_many->all != nullptr) {
-        return m_many->all->erase(id);
+    Many& users = many();
+    if (users.all != nullptr) {
+        return users.all->erase(id);
     }
-    std::vector<Oid>& few = m_many->few;
-    auto const at = std::ranges::lower_bound(few, id);
-    if (at == few.end() || *at != id) {
+    auto const at = std::ranges::lower_bound(users.few, id);
+    if (at == users.few.end() || *at != id) {
         return false;
     }
-    few.erase(at);
+    users.few.erase(at);
     return true;
 }
 
 bool UserSet::contains(Oid id) const {
-    if (m_many == nullptr) {
-        return id != NULL_OID && m_single == id;
+    if (!holdsMany()) {
+        return id != NULL_OID && single() == id;
     }
-    return m_many->all != nullptr ? m_many->all->contains(id)
-                                  : std::ranges::binary_search(m_many->few, id);
+    Many const& users = many();
+    return users.all != nullptr ? users.all->contains(id)
+                                : std::ranges::binary_search(users.few, id);
 }
 
 std::size_t UserSet::size() const {
-    if (m_many == nullptr) {
-        return m_single != NULL_OID ? 1 : 0;
+    if (!holdsMany()) {
+        return m_word != 0 ? 1 : 0;
     }
-    return m_many->all != nullptr ? m_many->all->size() : m_many->few.size();
+    Many const& users = many();
+    return users.all != nullptr ? users.all->size() : users.few.size();
 }
 
 std::vector<Oid> UserSet::sorted() const {
-    if (m_many == nullptr) {
-        return m_single == NULL_OID ? std::vector<Oid>{} : std::vector<Oid>{m_single};
+    if (!holdsMany()) {
+        return m_word == 0 ? std::vector<Oid>{} : std::vector<Oid>{single()};
     }
-    if (m_many->all == nullptr) {
-        return m_many->few;
+    Many const& users = many();
+    if (users.all == nullptr) {
+        return users.few;
     }
     std::vector<Oid> ids;
-    m_many->all->forEach([&](Oid id, Present) { ids.push_back(id); });
+    users.all->forEach([&](Oid id, Many::Present) { ids.push_back(id); });
     return ids;
 }
 

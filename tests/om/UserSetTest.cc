@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <random>
 #include <set>
 #include <vector>
@@ -45,6 +46,20 @@ TEST(UserSetTest, EqualSetsCompareEqualWhateverTheirHistory) {
     EXPECT_TRUE(single.empty());
     EXPECT_FALSE(grown == single);
     EXPECT_FALSE(single.erase(NULL_OID));
+}
+
+// The one user is held in a word that has a bit less than an id.
+TEST(UserSetTest, KeepsIdsOfEveryMagnitude) {
+    for (Oid const id : {std::numeric_limits<Oid>::max(), std::numeric_limits<Oid>::min(),
+                         Oid(-1), Oid(1) << 62, -(Oid(1) << 62)}) {
+        UserSet users;
+        EXPECT_TRUE(users.insert(id));
+        EXPECT_TRUE(users.contains(id));
+        EXPECT_FALSE(users.insert(id));
+        EXPECT_EQ(users.sorted(), std::vector<Oid>{id});
+        EXPECT_TRUE(users.erase(id));
+        EXPECT_TRUE(users.empty());
+    }
 }
 
 } // namespace

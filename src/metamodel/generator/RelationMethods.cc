@@ -3,21 +3,23 @@
 namespace kel::gen {
 namespace {
 
-// The member's value read from its slot, e.g. "getCompositionAt(2, MComposition)".
-std::string ValueOf(Schema const& schema, ClassDef const& cls, Member const& member) {
-    auto const getter = member.isComposition() ? "getCompositionAt(" : "getAssociationAt(";
-    return getter + std::to_string(schema.slotOf(cls, member)) + ", " + member.keyConstant() + ")";
+// The member's value in its slot, e.g. "getCompositionAt(2, MComposition)",
+// or with `Ref` the same for a change in place.
+std::string ValueOf(Schema const& schema, ClassDef const& cls, Member const& member,
+                    std::string const& ref = "") {
+    auto const getter = (member.isComposition() ? "getComposition" : "getAssociation") + ref;
+    return getter + "At(" + std::to_string(schema.slotOf(cls, member)) + ", " +
+           member.keyConstant() + ")";
 }
 
-// Stores one id, or none for NULL_OID, as the member's whole value.
-std::string StoreSingle(Member const& member, std::string const& id) {
-    auto const valueType = member.isComposition() ? "om::CompositionValue" : "om::AssociationValue";
-    auto const setter = member.isComposition() ? "setComposition(" : "setAssociation(";
-    return std::string(valueType) + " ids;\nids.set(" + id + ");\n" + setter +
-           member.keyConstant() + ", ids);";
+// Stores one id, or none for NULL_OID, as the member's whole value. A single
+// member's bounds allow both, so the definition need not check them.
+std::string StoreSingle(std::string const& place, std::string const& id) {
+    return place + ".set(" + id + ");";
 }
 
-Methods SingleMethods(std::string const& value, Member const& member) {
+// `value` reads the member, `place` changes it.
+Methods SingleMethods(std::string const& value, std::string const& place, Member const& member) {
     auto const& m = member.name;
     auto const& t = member.type;
     Methods methods{
@@ -28,7 +30,7 @@ Methods SingleMethods(std::string const& value, Member const& member) {
         {.result = "void",
          .name = "set" + m,
          .parameters = t + " const& value",
-         .body = "getOwner().find(value.getOid());\n" + StoreSingle(member, "value.getOid()")},
+         .body = "getOwner().find(value.getOid());\n" + StoreSingle(place, "value.getOid()")},
         {.result = t + " const&",
          .name = "get" + m,
          .isConst = true,
@@ -40,7 +42,7 @@ Methods SingleMethods(std::string const& value, Member const& member) {
                            .isConst = true,
                            .body = "return " + value + ".size() != 0;"});
         methods.push_back(
-            {.result = "void", .name = "clear" + m, .body = StoreSingle(member, "om::NULL_OID")});
+            {.result = "void", .name = "clear" + m, .body = StoreSingle(place, "om::NULL_OID")});
         methods.push_back({.result = t + " const*",
                            .name = "tryGet" + m,
                            .isConst = true,
@@ -51,7 +53,7 @@ Methods SingleMethods(std::string const& value, Member const& member) {
             {.result = "void",
              .name = "set" + m,
              .parameters = "om::Oid id",
-             .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(member, "id")});
+             .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(place, "id")});
     }
     return methods;
 }
@@ -131,10 +133,11 @@ Methods RelationMethods(Schema const& schema, ClassDef const& cls) {
             continue;
         }
         auto const value = ValueOf(schema, cls, member);
+        auto const place = ValueOf(schema, cls, member, "Ref");
         auto const families =
             member.isUnbounded()
                 ? std::vector<Methods>{UnboundedChanges(member), UnboundedQueries(value, member)}
-                : std::vector<Methods>{SingleMethods(value, member)};
+                : std::vector<Methods>{SingleMethods(value, place, member)};
         for (auto const& more : families) {
             methods.insert(methods.end(), more.begin(), more.end());
         }
