@@ -40,19 +40,36 @@ void BM_SingleCompositionGetter(benchmark::State& state) {
 }
 BENCHMARK(BM_SingleCompositionGetter);
 
-void BM_ListCompositionGetter(benchmark::State& state) {
-    Store store;
+// A block of `count` return statements.
+kel::CompoundStatement const& BlockOf(Store& store, std::int64_t count) {
     std::vector<om::Oid> ids;
-    for (int i = 0; i < state.range(0); ++i) {
+    for (std::int64_t i = 0; i < count; ++i) {
         ids.push_back(kel::constructReturnStatement(store.model, 0));
     }
-    auto const& compound = store.find<kel::CompoundStatement>(
+    return store.find<kel::CompoundStatement>(
         kel::constructCompoundBehaviourStatement(store.model, ids));
+}
+
+void BM_ListCompositionGetter(benchmark::State& state) {
+    Store store;
+    auto const& compound = BlockOf(store, state.range(0));
     for (auto _ : state) {
         benchmark::DoNotOptimize(compound.getStatements());
     }
 }
 BENCHMARK(BM_ListCompositionGetter)->Arg(1)->Arg(10);
+
+// The same list walked through its view, which builds no vector.
+void BM_ListCompositionView(benchmark::State& state) {
+    Store store;
+    auto const& compound = BlockOf(store, state.range(0));
+    for (auto _ : state) {
+        for (auto const* statement : compound.getStatementsView()) {
+            benchmark::DoNotOptimize(statement);
+        }
+    }
+}
+BENCHMARK(BM_ListCompositionView)->Arg(1)->Arg(10);
 
 void BM_CloneAndUpdate(benchmark::State& state) {
     Store store;

@@ -73,7 +73,7 @@ kel::PortEvent ModelInstance::getPortEvent(std::string const& name) const {
         return {};
     }
     auto const portName = name.substr(0, name.find('.'));
-    for (auto const* candidate : component->getPorts()) {
+    for (auto const* candidate : component->getPortsView()) {
         if (candidate->getName() == portName) {
             return {candidate, nullptr};
         }
@@ -84,7 +84,7 @@ kel::PortEvent ModelInstance::getPortEvent(std::string const& name) const {
 kel::ConstPortDeclarationVec ModelInstance::getProvidesPorts() const {
     kel::ConstPortDeclarationVec result;
     if (auto const* component = model->asComponentDeclaration()) {
-        for (auto const* candidate : component->getPorts()) {
+        for (auto const* candidate : component->getPortsView()) {
             if (candidate->getDirection() == kel::idirProvided) {
                 result.push_back(candidate);
             }

@@ -33,7 +33,7 @@ ModelState::ModelState(ModelInstancePtr const& instance,
         return;
     }
     try {
-        for (auto const* variable : behaviour->getVariables()) {
+        for (auto const* variable : behaviour->getVariablesView()) {
             if (!kel::IsStateVariable(*variable)) {
                 continue;
             }

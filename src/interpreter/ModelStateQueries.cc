@@ -172,7 +172,7 @@ kel::ConstPortDeclarationVec ModelState::GetOpenPorts() const {
     }
     kel::ConstPortDeclarationVec open;
     if (auto const* component = modelInstance->model->asComponentDeclaration()) {
-        for (auto const* port : component->getPorts()) {
+        for (auto const* port : component->getPortsView()) {
             if (!isBlocked(*port) && port != activationEvent.port) {
                 open.push_back(port);
             }

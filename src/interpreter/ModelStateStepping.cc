@@ -14,9 +14,21 @@
 #include "metamodel/TreePredicates.h"
 #include "metamodel/VariableReference.h"
 
+#include <ranges>
 #include <stdexcept>
 
 namespace {
+
+// Appends the statements of class T, in the order of the block.
+template <class T>
+void AppendOfClass(std::vector<kel::BehaviourStatement const*>& to,
+                   om::ObjectView<kel::BehaviourStatement> const& statements) {
+    for (auto const* statement : statements) {
+        if (dynamic_cast<T const*>(statement) != nullptr) {
+            to.push_back(statement);
+        }
+    }
+}
 
 kel::FunctionCallExpression const* AsCall(kel::Expression const* expression) {
     return expression == nullptr ? nullptr : expression->asFunctionCallExpression();
@@ -130,27 +142,21 @@ void ModelState::stepInto(kel::BehaviourStatement const& statement) {
 void ModelState::stepIntoImperativeCompound(kel::CompoundStatement const& compound) {
     program.OpenScope(compound);
     stateVector.OpenContext(compound);
-    auto const statements = compound.getStatements();
-    for (auto statement = statements.rbegin(); statement != statements.rend(); ++statement) {
-        program.PushStatement(**statement);
+    auto const statements = compound.getStatementsView();
+    for (auto const* statement : std::views::reverse(statements)) {
+        program.PushStatement(*statement);
     }
 }
 
 void ModelState::stepIntoDeclarativeCompound(kel::CompoundStatement const& compound) {
-    auto const statements = compound.getStatements();
+    auto const statements = compound.getStatementsView();
     std::vector<kel::BehaviourStatement const*> candidates;
     for (auto const* guarded : stateVector.passableGuardedStatements(statements)) {
         candidates.push_back(guarded);
     }
-    for (auto const* on : statements.asOnEventStatement()) {
-        candidates.push_back(on);
-    }
-    for (auto const* nested : statements.asCompoundStatement()) {
-        candidates.push_back(nested);
-    }
-    for (auto const* blocking : statements.asBlockingStatement()) {
-        candidates.push_back(blocking);
-    }
+    AppendOfClass<kel::OnEventStatement>(candidates, statements);
+    AppendOfClass<kel::CompoundStatement>(candidates, statements);
+    AppendOfClass<kel::BlockingStatement>(candidates, statements);
     if (candidates.empty()) {
         deadend("No reachable statements found.");
     } else if (candidates.size() == 1) {
@@ -167,8 +173,8 @@ void ModelState::stepIntoFunctionExpression(kel::FunctionCallExpression const& c
     auto const& function = call.getFunction().getDeclaration();
     program.PushStatement(function.getStatement());
     stateVector.OpenContext(function.getStatement());
-    auto const parameters = function.getParameters();
-    auto const arguments = call.getArguments();
+    auto const parameters = function.getParametersView();
+    auto const arguments = call.getArgumentsView();
     try {
         for (std::size_t i = 0; i < parameters.size(); ++i) {
             if (kel::IsDataVariable(*parameters[i])) {

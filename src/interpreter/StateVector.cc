@@ -44,7 +44,7 @@ StateVector::StateVector(ModelInstancePtr instance)
         return;
     }
     OpenContext(behaviour->getStatement());
-    for (auto const* variable : behaviour->getVariables()) {
+    for (auto const* variable : behaviour->getVariablesView()) {
         if (kel::IsStateVariable(*variable)) {
             auto const* initial = variable->tryGetInitialValue();
             framesToChange().back().values[variable->getOid()] =

@@ -14,6 +14,7 @@
 #include "metamodel/Guard.h"
 #include "metamodel/VariableDeclaration.h"
 #include "om/ObjectModel.h"
+#include "om/ObjectView.h"
 #include "om/Oid.h"
 
 #include <boost/container/flat_map.hpp>
@@ -76,6 +77,8 @@ public:
     // with `otherwise`.
     kel::ConstGuardedStatementVec
     passableGuardedStatements(std::vector<kel::BehaviourStatement const*> const& statements) const;
+    kel::ConstGuardedStatementVec
+    passableGuardedStatements(om::ObjectView<kel::BehaviourStatement> const& statements) const;
     std::vector<kel::Guard const*> ArmedGuards() const;
     std::vector<kel::Guard const*> ArmedGuards(kel::BehaviourStatement const& statement) const;
 

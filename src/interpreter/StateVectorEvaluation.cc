@@ -67,6 +67,26 @@ void Append(std::vector<kel::Guard const*>& to, std::vector<kel::Guard const*> c
     to.insert(to.end(), from.begin(), from.end());
 }
 
+// The guarded statements among `statements` whose guards hold, or those with
+// `otherwise` when none does; for a vector and for a walk over a block alike.
+template <class Statements>
+kel::ConstGuardedStatementVec PassableGuardedStatements(StateVector const& vector,
+                                                        Statements const& statements) {
+    kel::ConstGuardedStatementVec passable;
+    kel::ConstGuardedStatementVec otherwise;
+    for (auto const* statement : statements) {
+        if (auto const* guarded = statement->asGuardedStatement()) {
+            auto const* guard = guarded->tryGetGuard();
+            if (HoldsExpressionGuard(vector, guard)) {
+                passable.push_back(guarded);
+            } else if (IsOtherwise(guard)) {
+                otherwise.push_back(guarded);
+            }
+        }
+    }
+    return passable.empty() ? otherwise : passable;
+}
+
 } // namespace
 
 StateVariableValuePtr StateVector::EvaluateExpression(kel::Expression const& expression) const {
@@ -149,19 +169,12 @@ bool StateVector::BoolExpressionValue(kel::Expression const& expression) const {
 
 kel::ConstGuardedStatementVec StateVector::passableGuardedStatements(
     std::vector<kel::BehaviourStatement const*> const& statements) const {
-    kel::ConstGuardedStatementVec passable;
-    kel::ConstGuardedStatementVec otherwise;
-    for (auto const* statement : statements) {
-        if (auto const* guarded = statement->asGuardedStatement()) {
-            auto const* guard = guarded->tryGetGuard();
-            if (HoldsExpressionGuard(*this, guard)) {
-                passable.push_back(guarded);
-            } else if (IsOtherwise(guard)) {
-                otherwise.push_back(guarded);
-            }
-        }
-    }
-    return passable.empty() ? otherwise : passable;
+    return PassableGuardedStatements(*this, statements);
+}
+
+kel::ConstGuardedStatementVec StateVector::passableGuardedStatements(
+    om::ObjectView<kel::BehaviourStatement> const& statements) const {
+    return PassableGuardedStatements(*this, statements);
 }
 
 std::vector<kel::Guard const*> StateVector::ArmedGuards() const {
@@ -194,7 +207,7 @@ StateVector::ArmedGuards(kel::BehaviourStatement const& statement) const {
     if (compound == nullptr || !kel::IsDeclarative(*compound)) {
         return {};
     }
-    auto const statements = compound->getStatements();
+    auto const statements = compound->getStatementsView();
     auto const passable = passableGuardedStatements(statements);
     std::vector<kel::Guard const*> guards;
     for (auto const* guarded : passable) {

@@ -24,27 +24,27 @@ namespace kel {
 namespace {
 
 template <class T> om::Oid Binary(om::ObjectModel& model, om::Oid leftId, om::Oid rightId) {
-    auto copy = NewCopy<T>(model);
+    auto copy = NewObject<T>(model);
     copy.setExpr1(Find<Expression>(model, leftId));
     copy.setExpr2(Find<Expression>(model, rightId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 } // namespace
 
 om::Oid constructNamedExpression(om::ObjectModel& model, std::string const& name, bool parentheses,
                                  OidVec const& argumentIds) {
-    auto copy = NewCopy<NameExpression>(model);
+    auto copy = NewObject<NameExpression>(model);
     copy.setName(name);
     copy.setParentheses(parentheses);
     copy.setArguments(Checked<Expression>(model, argumentIds));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructNotExpression(om::ObjectModel& model, om::Oid expressionId) {
-    auto copy = NewCopy<BooleanNotExpression>(model);
+    auto copy = NewObject<BooleanNotExpression>(model);
     copy.setExpr(Find<Expression>(model, expressionId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructAndExpression(om::ObjectModel& model, om::Oid leftId, om::Oid rightId) {
@@ -88,9 +88,9 @@ om::Oid constructMinusExpression(om::ObjectModel& model, om::Oid leftId, om::Oid
 }
 
 om::Oid constructIntConstantExpression(om::ObjectModel& model, std::int32_t value) {
-    auto copy = NewCopy<IntConstantExpression>(model);
+    auto copy = NewObject<IntConstantExpression>(model);
     copy.setValue(value);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructBoolConstantExpression(om::ObjectModel& model, std::string const& text) {
@@ -98,24 +98,24 @@ om::Oid constructBoolConstantExpression(om::ObjectModel& model, std::string cons
 }
 
 om::Oid ConstructBooleanConstantExpression(om::ObjectModel& model, BooleanValue value) {
-    auto copy = NewCopy<BooleanConstantExpression>(model);
+    auto copy = NewObject<BooleanConstantExpression>(model);
     copy.setValue(value);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructDataExpression(om::ObjectModel& model, std::string const& value) {
-    auto copy = NewCopy<DataExpression>(model);
+    auto copy = NewObject<DataExpression>(model);
     copy.setValue(value);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructAssignmentExpression(om::ObjectModel& model, std::string const& variableName,
                                       std::string const& valueName) {
-    auto copy = NewCopy<AssignmentExpression>(model);
+    auto copy = NewObject<AssignmentExpression>(model);
     copy.setVariable(
         Find<VariableReference>(model, NewNamed<VariableReference>(model, variableName)));
     copy.setValue(Find<Expression>(model, constructNamedExpression(model, valueName, false, {})));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 } // namespace kel

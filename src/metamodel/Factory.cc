@@ -3,16 +3,24 @@
 #include "metamodel/FactoryTable.h"
 #include "om/OMException.h"
 
+#include <string_view>
+#include <unordered_map>
+
 namespace kel {
 namespace {
 
 FactoryEntry const* FindEntry(std::string const& className) {
-    for (auto const& entry : FactoryEntries()) {
-        if (*entry.className == className) {
-            return &entry;
+    // Made on first use, when the class names exist: the store asks the
+    // factory by name for every object it makes.
+    static std::unordered_map<std::string_view, FactoryEntry const*> const byName = [] {
+        std::unordered_map<std::string_view, FactoryEntry const*> entries;
+        for (auto const& entry : FactoryEntries()) {
+            entries.emplace(*entry.className, &entry);
         }
-    }
-    return nullptr;
+        return entries;
+    }();
+    auto const found = byName.find(className);
+    return found == byName.end() ? nullptr : found->second;
 }
 
 } // namespace

@@ -19,50 +19,50 @@ namespace {
 
 // A reference of class T to `declaration`, with its name and location.
 template <class T> om::Oid ReferenceTo(om::ObjectModel& model, Named const& declaration) {
-    auto copy = NewCopy<T>(model);
+    auto copy = NewObject<T>(model);
     CopyNameAndLocation(copy, declaration);
     copy.setDeclaration(declaration.getOid());
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 } // namespace
 
 om::Oid ConstructEventInstance(om::ObjectModel& model, EventDeclaration const& event) {
-    auto copy = NewCopy<EventInstance>(model);
+    auto copy = NewObject<EventInstance>(model);
     copy.setEvent(Find<EventReference>(model, ReferenceTo<EventReference>(model, event)));
     CopyNameAndLocation(copy, event);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid ConstructEventInstance(om::ObjectModel& model, EventDeclaration const& event,
                                PortDeclaration const& port) {
-    auto copy = NewCopy<EventInstance>(model);
+    auto copy = NewObject<EventInstance>(model);
     copy.setEvent(Find<EventReference>(model, ReferenceTo<EventReference>(model, event)));
     auto const& portReference = Find<PortReference>(model, ReferenceTo<PortReference>(model, port));
     copy.setPort(portReference);
     copy.setName(port.getName() + "." + event.getName());
     CopyLocation(copy, portReference);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid ConstructEnumConstantExpression(om::ObjectModel& model, EnumValueDeclaration const& value) {
-    auto reference = NewCopy<EnumValueReference>(model);
+    auto reference = NewObject<EnumValueReference>(model);
     reference.setName(value.getName());
     reference.setDeclaration(value.getOid());
-    auto copy = NewCopy<EnumConstantExpression>(model);
-    copy.setValue(Find<EnumValueReference>(model, Store(model, reference)));
-    return Store(model, copy);
+    auto copy = NewObject<EnumConstantExpression>(model);
+    copy.setValue(Find<EnumValueReference>(model, Insert(model, std::move(reference))));
+    return Insert(model, std::move(copy));
 }
 
 om::Oid copyParameterDeclaration(om::ObjectModel& model, ParameterDeclaration const& parameter) {
     auto const& type = parameter.getType();
-    auto typeCopy = NewCopy<TypeReference>(model);
+    auto typeCopy = NewObject<TypeReference>(model);
     CopyNameAndLocation(typeCopy, type);
-    auto copy = NewCopy<ParameterDeclaration>(model);
+    auto copy = NewObject<ParameterDeclaration>(model);
     CopyNameAndLocation(copy, parameter);
     copy.setDirection(parameter.getDirection());
-    copy.setType(Find<TypeReference>(model, Store(model, typeCopy)));
-    return Store(model, copy);
+    copy.setType(Find<TypeReference>(model, Insert(model, std::move(typeCopy))));
+    return Insert(model, std::move(copy));
 }
 
 std::vector<om::Oid> copyParameters(om::ObjectModel& model,

@@ -31,16 +31,16 @@ namespace {
 
 // An event instance of a built-in event, named after it.
 om::Oid BuiltinInstance(om::ObjectModel& model, std::string const& name) {
-    auto copy = NewCopy<EventInstance>(model);
+    auto copy = NewObject<EventInstance>(model);
     copy.setName(name);
     copy.setEvent(Find<EventReference>(model, NewNamed<EventReference>(model, name)));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 template <class T> om::Oid WithStatement(om::ObjectModel& model, om::Oid statementId) {
-    auto copy = NewCopy<T>(model);
+    auto copy = NewObject<T>(model);
     copy.setStatement(Find<BehaviourStatement>(model, statementId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 template <class T>
@@ -59,30 +59,30 @@ om::Oid WrappedVariable(om::ObjectModel& model, VariableDeclaration const& varia
 } // namespace
 
 om::Oid constructGuardedStatement(om::ObjectModel& model, om::Oid guardId, om::Oid statementId) {
-    auto copy = NewCopy<GuardedStatement>(model);
+    auto copy = NewObject<GuardedStatement>(model);
     if (guardId != om::NULL_OID) {
         copy.setGuard(Find<Guard>(model, guardId));
     }
     copy.setStatement(Find<BehaviourStatement>(model, statementId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructExpressionGuard(om::ObjectModel& model, om::Oid expressionId) {
-    auto copy = NewCopy<ExpressionGuard>(model);
+    auto copy = NewObject<ExpressionGuard>(model);
     copy.setExpression(Find<Expression>(model, expressionId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructOtherwiseGuard(om::ObjectModel& model) {
-    return NewCopy<OtherwiseGuard>(model).getOid();
+    return Insert(model, NewObject<OtherwiseGuard>(model));
 }
 
 om::Oid constructOnEventStatement(om::ObjectModel& model, OidVec const& eventIds,
                                   om::Oid statementId) {
-    auto copy = NewCopy<OnEventStatement>(model);
+    auto copy = NewObject<OnEventStatement>(model);
     copy.setEvents(Checked<EventInstance>(model, eventIds));
     copy.setStatement(Find<BehaviourStatement>(model, statementId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructOnEventStatement(om::ObjectModel& model, om::Oid eventId, om::Oid statementId) {
@@ -96,7 +96,7 @@ om::Oid constructBlockingStatement(om::ObjectModel& model, om::Oid statementId) 
 om::Oid constructEventInstance(om::ObjectModel& model, std::string const& portName,
                                std::string const& eventName, bool parentheses,
                                OidVec const& argumentIds) {
-    auto copy = NewCopy<EventInstance>(model);
+    auto copy = NewObject<EventInstance>(model);
     copy.setEvent(Find<EventReference>(model, NewNamed<EventReference>(model, eventName)));
     if (portName.empty()) {
         copy.setName(eventName);
@@ -106,7 +106,7 @@ om::Oid constructEventInstance(om::ObjectModel& model, std::string const& portNa
     }
     copy.setParentheses(parentheses);
     copy.addToArguments(Checked<Expression>(model, argumentIds));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructEventInstance(om::ObjectModel& model, std::string const& portName,
@@ -127,57 +127,57 @@ om::Oid constructInevitableInstance(om::ObjectModel& model) {
 }
 
 om::Oid constructIllegalStatement(om::ObjectModel& model) {
-    auto action = NewCopy<ActionExpression>(model);
+    auto action = NewObject<ActionExpression>(model);
     action.setEvent(Find<EventInstance>(model, constructIllegalInstance(model)));
-    auto copy = NewCopy<ActionStatement>(model);
-    copy.setExpression(Find<ActionExpression>(model, Store(model, action)));
-    return Store(model, copy);
+    auto copy = NewObject<ActionStatement>(model);
+    copy.setExpression(Find<ActionExpression>(model, Insert(model, std::move(action))));
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructAssignmentBehaviourStatement(om::ObjectModel& model,
                                               std::string const& variableName, om::Oid valueId) {
-    auto copy = NewCopy<AssignmentStatement>(model);
+    auto copy = NewObject<AssignmentStatement>(model);
     copy.setVariable(
         Find<VariableReference>(model, NewNamed<VariableReference>(model, variableName)));
     if (valueId != om::NULL_OID) {
         copy.setValue(Find<Expression>(model, valueId));
     }
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructNameStatement(om::ObjectModel& model, std::string const& name, bool parentheses,
                                OidVec const& argumentIds) {
-    auto copy = NewCopy<NameStatement>(model);
+    auto copy = NewObject<NameStatement>(model);
     auto const expressionId = constructNamedExpression(model, name, parentheses, argumentIds);
     copy.setExpression(Find<NameExpression>(model, expressionId));
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructIfStatement(om::ObjectModel& model, om::Oid expressionId, om::Oid thenId,
                              om::Oid elseId) {
-    auto copy = NewCopy<IfStatement>(model);
+    auto copy = NewObject<IfStatement>(model);
     SetOptionalExpression(model, copy, expressionId);
     copy.setThenStatement(Find<BehaviourStatement>(model, thenId));
     if (elseId != om::NULL_OID) {
         copy.setElseStatement(Find<BehaviourStatement>(model, elseId));
     }
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructReplyStatement(om::ObjectModel& model, std::string const& portName,
                                 om::Oid expressionId) {
-    auto copy = NewCopy<ReplyStatement>(model);
+    auto copy = NewObject<ReplyStatement>(model);
     SetOptionalExpression(model, copy, expressionId);
     if (!portName.empty()) {
         copy.setPort(Find<PortReference>(model, NewNamed<PortReference>(model, portName)));
     }
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructReturnStatement(om::ObjectModel& model, om::Oid expressionId) {
-    auto copy = NewCopy<ReturnStatement>(model);
+    auto copy = NewObject<ReturnStatement>(model);
     SetOptionalExpression(model, copy, expressionId);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 om::Oid constructCompoundBehaviourStatement(om::ObjectModel& model, OidVec const& ids) {
@@ -186,9 +186,9 @@ om::Oid constructCompoundBehaviourStatement(om::ObjectModel& model, OidVec const
         auto const* variable = dynamic_cast<VariableDeclaration const*>(model.find(id));
         statementIds.push_back(variable == nullptr ? id : WrappedVariable(model, *variable));
     }
-    auto copy = NewCopy<CompoundStatement>(model);
+    auto copy = NewObject<CompoundStatement>(model);
     copy.setStatements(statementIds);
-    return Store(model, copy);
+    return Insert(model, std::move(copy));
 }
 
 } // namespace kel

@@ -35,8 +35,15 @@ template <class List> void appendMiddles(List const& before, List const& after, 
     delta.added.insert(delta.added.end(), newFirst, newLast);
 }
 
-template <class Map> IdDelta deltaOfMaps(Map const& before, Map const& after) {
-    IdDelta delta;
+// Pairs the lists of equal names: slot by slot when both maps hold the same
+// names, as the two states of one object mostly do, else by a merge by name.
+template <class Map> void pairLists(Map const& before, Map const& after, IdDelta& delta) {
+    if (&before.names() == &after.names()) {
+        for (MemberNames::Slot slot = 0; slot < before.size(); ++slot) {
+            appendMiddles(before.atSlot(slot), after.atSlot(slot), delta);
+        }
+        return;
+    }
     auto old = before.begin();
     auto now = after.begin();
     while (old != before.end() || now != after.end()) {
@@ -48,11 +55,19 @@ template <class Map> IdDelta deltaOfMaps(Map const& before, Map const& after) {
             appendMiddles((old++)->second, (now++)->second, delta);
         }
     }
+}
+
+template <class Map> IdDelta deltaOfMaps(Map const& before, Map const& after) {
+    IdDelta delta;
+    pairLists(before, after, delta);
     if (delta.removed.empty() && delta.added.empty()) {
         return delta;
     }
     sortUnique(delta.removed);
     sortUnique(delta.added);
+    if (delta.removed.empty() || delta.added.empty()) {
+        return delta;
+    }
     // An id on both sides only moved: it is held before and after.
     return {difference(delta.removed, delta.added), difference(delta.added, delta.removed)};
 }

@@ -5,6 +5,32 @@
 #include "om/ObjectVisitor.h"
 
 namespace om {
+namespace {
+
+// A member that only one side has keeps this object's value.
+template <class Map> void assignSharedMembers(Map& values, Map const& other) {
+    if (&values.names() == &other.names()) {
+        values = other;
+        return;
+    }
+    for (auto const& [name, value] : other) {
+        if (auto* found = values.find(name)) {
+            *found = value;
+        }
+    }
+}
+
+template <class Map> void addMissingMembers(Map& values, MemberNames const& names) {
+    if (values.empty()) {
+        values = Map(names); // the usual case: one block, the names shared
+        return;
+    }
+    for (MemberNames::Slot slot = 0; slot < names.size(); ++slot) {
+        values[names.name(slot)];
+    }
+}
+
+} // namespace
 
 Object::Object() : m_oid(OidGenerator::instance().getNewOid()) {
     initializeMembers(getDefinition());
@@ -63,29 +89,21 @@ void Object::conservativeAssign(Object const& other, bool flag) {
     m_owner = other.m_owner;
     m_oid = other.m_oid;
     tryAssignProperties(other, flag);
-    // A member that only one side has keeps this object's value.
-    for (auto const& [name, value] : other.m_associations) {
-        if (auto const found = m_associations.find(name); found != m_associations.end()) {
-            found->second = value;
-        }
-    }
-    for (auto const& [name, value] : other.m_compositions) {
-        if (auto const found = m_compositions.find(name); found != m_compositions.end()) {
-            found->second = value;
-        }
-    }
+    assignSharedMembers(m_associations, other.m_associations);
+    assignSharedMembers(m_compositions, other.m_compositions);
 }
 
 void Object::initializeMembers(ObjectDefinition const& definition) {
     for (auto const& [name, propertyDef] : definition.getPropertyDefs()) {
         setProperty(name, propertyDef.getDefaultValue());
     }
-    for (auto const& entry : definition.getAssociationDefs()) {
-        m_associations.try_emplace(entry.first);
-    }
-    for (auto const& entry : definition.getCompositionDefs()) {
-        m_compositions.try_emplace(entry.first);
-    }
+    addMissingMembers(m_associations, definition.getAssociationNames());
+    addMissingMembers(m_compositions, definition.getCompositionNames());
+}
+
+void Object::initializeRelations(ObjectDefinition const& definition) {
+    addMissingMembers(m_associations, definition.getAssociationNames());
+    addMissingMembers(m_compositions, definition.getCompositionNames());
 }
 
 ObjectModel const& Object::getOwner() const {

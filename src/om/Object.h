@@ -4,12 +4,12 @@
 
 #include "om/AssociationValue.h"
 #include "om/CompositionValue.h"
+#include "om/MemberMap.h"
 #include "om/ObjectDefinition.h"
 #include "om/Oid.h"
 #include "om/PropertyValueBase.h"
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -22,8 +22,9 @@ class ObjectVisitor;
 
 class Object {
 public:
-    using AssociationMap = std::map<std::string, AssociationValue>;
-    using CompositionMap = std::map<std::string, CompositionValue>;
+    using AssociationMap = MemberMap<AssociationValue>;
+    using CompositionMap = MemberMap<CompositionValue>;
+    using Slot = MemberNames::Slot;
     using ConstObjectVec = std::vector<Object const*>;
     using ConstObjectSet = std::set<Object const*>;
     using OidSet = std::set<Oid>;
@@ -46,6 +47,8 @@ public:
     // initializeMembers at the end of their own constructor.
     explicit Object(bool);
     Object(Object const& other) = default;
+    // Keeps the id: a new object is built as a local and then moved into the store.
+    Object(Object&& other) noexcept = default;
     Object& operator=(Object const& other);
     virtual ~Object() = default;
 
@@ -65,6 +68,10 @@ public:
     void conservativeAssign(Object const& other, bool flag);
     // Sets default property values and adds an empty value per missing member.
     void initializeMembers(ObjectDefinition const& definition);
+    // An empty value per association and composition of the definition, for
+    // an object without members yet whose properties hold their defaults
+    // already: what initializeMembers does then, without the calls by name.
+    void initializeRelations(ObjectDefinition const& definition);
 
     // ---- Identity and class.
     Oid getOid() const { return m_oid; }
@@ -91,6 +98,21 @@ public:
     // Direct access without any check of the definition's bounds.
     AssociationValue& getAssociationRef(std::string const& name);
     CompositionValue& getCompositionRef(std::string const& name);
+    // The member in `slot` of the definition that declares it, which is the
+    // same slot for every class below; an object laid out otherwise (made
+    // without its members) is looked up by name.
+    AssociationValue const& getAssociationAt(Slot slot, std::string const& name) const {
+        return slot < m_associations.size() ? m_associations.atSlot(slot) : getAssociation(name);
+    }
+    CompositionValue const& getCompositionAt(Slot slot, std::string const& name) const {
+        return slot < m_compositions.size() ? m_compositions.atSlot(slot) : getComposition(name);
+    }
+    AssociationValue& getAssociationRefAt(Slot slot, std::string const& name) {
+        return slot < m_associations.size() ? m_associations.atSlot(slot) : getAssociationRef(name);
+    }
+    CompositionValue& getCompositionRefAt(Slot slot, std::string const& name) {
+        return slot < m_compositions.size() ? m_compositions.atSlot(slot) : getCompositionRef(name);
+    }
     AssociationMap const& getAssociations() const { return m_associations; }
     CompositionMap const& getCompositions() const { return m_compositions; }
     // Check counts and uniqueness against the definition, never the targets.

@@ -41,11 +41,13 @@ void ObjectDefinition::defineProperty(std::string const& name,
 void ObjectDefinition::defineAssociation(std::string const& name,
                                          AssociationDefinition const& definition) {
     defineMember(m_associations, name, definition, "An association");
+    m_associationNames = &m_associationNames->with(name);
 }
 
 void ObjectDefinition::defineComposition(std::string const& name,
                                          CompositionDefinition const& definition) {
     defineMember(m_compositions, name, definition, "A composition");
+    m_compositionNames = &m_compositionNames->with(name);
 }
 
 PropertyDefinition const& ObjectDefinition::getPropertyDef(std::string const& name) const {

@@ -4,6 +4,7 @@
 
 #include "om/AssociationDefinition.h"
 #include "om/CompositionDefinition.h"
+#include "om/MemberNames.h"
 #include "om/PropertyDefinition.h"
 
 #include <map>
@@ -43,6 +44,11 @@ public:
     PropertyDefs const& getPropertyDefs() const { return m_properties; }
     AssociationDefs const& getAssociationDefs() const { return m_associations; }
     CompositionDefs const& getCompositionDefs() const { return m_compositions; }
+    // The association and composition names in the order they were defined:
+    // a class's own members come after those of its bases, so every class
+    // below it finds them in the same slots.
+    MemberNames const& getAssociationNames() const { return *m_associationNames; }
+    MemberNames const& getCompositionNames() const { return *m_compositionNames; }
 
 protected:
     ObjectDefinition(ObjectDefinition const&) = default;
@@ -52,6 +58,8 @@ private:
     PropertyDefs m_properties;
     AssociationDefs m_associations;
     CompositionDefs m_compositions;
+    MemberNames const* m_associationNames = &MemberNames::empty();
+    MemberNames const* m_compositionNames = &MemberNames::empty();
 };
 
 } // namespace om

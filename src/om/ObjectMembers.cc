@@ -7,11 +7,11 @@ namespace om {
 namespace {
 
 template <class Map> auto& memberValue(Map& values, std::string const& name, char const* kind) {
-    auto const found = values.find(name);
-    if (found == values.end()) {
+    auto* found = values.find(name);
+    if (found == nullptr) {
         throw OMException(std::string(kind) + " \"" + name + "\" not found");
     }
-    return found->second;
+    return *found;
 }
 
 template <class Value>
@@ -30,6 +30,12 @@ template <class Map> Object::OidSet allIdsOf(Map const& values) {
         ids.insert(entry.second.begin(), entry.second.end());
     }
     return ids;
+}
+
+template <class Map> void eraseEverywhere(Map& values, Oid id) {
+    for (MemberNames::Slot slot = 0; slot < values.size(); ++slot) {
+        values.atSlot(slot).erase(id);
+    }
 }
 
 } // namespace
@@ -105,16 +111,8 @@ std::string Object::findCompositionWithObject(Oid id) const {
     return {};
 }
 
-void Object::removeAssociation(Oid id) {
-    for (auto& entry : m_associations) {
-        entry.second.erase(id);
-    }
-}
+void Object::removeAssociation(Oid id) { eraseEverywhere(m_associations, id); }
 
-void Object::removeChild(Oid id) {
-    for (auto& entry : m_compositions) {
-        entry.second.erase(id);
-    }
-}
+void Object::removeChild(Oid id) { eraseEverywhere(m_compositions, id); }
 
 } // namespace om

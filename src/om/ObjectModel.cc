@@ -29,11 +29,11 @@ Oid ObjectModel::oidOf(Object const* object) {
 }
 
 Oid ObjectModel::getParentOid(Oid id) const {
-    auto const found = m_parents.find(id);
-    if (found == m_parents.end()) {
+    Oid const* parent = m_parents.find(id);
+    if (parent == nullptr) {
         throw OMException(notFound("getParentOid", id));
     }
-    return found->second;
+    return *parent;
 }
 
 Oid ObjectModel::getParentOfTypeOid(Oid id, std::string const& typeName) const {
@@ -83,23 +83,24 @@ Object const* ObjectModel::getParentOfType(Object const* object,
 }
 
 ObjectModel::OidSet ObjectModel::getUserOids(Oid id) const {
-    auto const found = m_users.find(id);
-    if (found == m_users.end()) {
+    UserSet const* users = m_users.find(id);
+    if (users == nullptr) {
         throw OMException(notFound("getUserOids", id));
     }
-    return found->second;
+    std::vector<Oid> const ids = users->sorted();
+    return OidSet(ids.begin(), ids.end());
 }
 
 ObjectModel::ConstObjectSet ObjectModel::getUsers(Oid id) const {
-    auto const found = m_users.find(id);
-    if (found == m_users.end()) {
+    UserSet const* users = m_users.find(id);
+    if (users == nullptr) {
         throw OMException(notFound("getUsers", id));
     }
-    ConstObjectSet users;
-    for (Oid const userId : found->second) {
-        users.insert(find(userId));
+    ConstObjectSet objects;
+    for (Oid const userId : users->sorted()) {
+        objects.insert(find(userId));
     }
-    return users;
+    return objects;
 }
 
 // Pre-order with a stack of its own: a tree may be far deeper than the call stack.
@@ -141,25 +142,22 @@ ObjectModel::ConstObjectSet ObjectModel::getTreeSet(Oid id) const {
 
 ObjectModel::ConstObjectVec ObjectModel::getRootObjectsVec() const {
     ConstObjectVec roots;
-    roots.reserve(m_roots.size());
-    for (auto const& entry : m_roots) {
-        roots.push_back(entry.second);
-    }
+    findRoot([&](Object const& root) {
+        roots.push_back(&root);
+        return false;
+    });
     return roots;
 }
 
 ObjectModel::ConstObjectSet ObjectModel::getRootObjectsSet() const {
-    ConstObjectSet roots;
-    for (auto const& entry : m_roots) {
-        roots.insert(entry.second);
-    }
-    return roots;
+    ConstObjectVec const roots = getRootObjectsVec();
+    return ConstObjectSet(roots.begin(), roots.end());
 }
 
 ObjectModel::OidSet ObjectModel::getRootOids() const {
     OidSet ids;
-    for (auto const& entry : m_roots) {
-        ids.insert(ids.end(), entry.first);
+    for (Object const* root : getRootObjectsVec()) {
+        ids.insert(ids.end(), root->getOid());
     }
     return ids;
 }
@@ -169,7 +167,6 @@ void ObjectModel::clear() {
     m_destroyed.clear();
     m_parents.clear();
     m_users.clear();
-    m_roots.clear();
 }
 
 bool ObjectModel::equalUpToId(ObjectModel const& other) const {
@@ -183,8 +180,7 @@ bool ObjectModel::equalUpToId(ObjectModel const& other) const {
         sameObjects = sameObjects && twin != nullptr && object.equalExceptOwner(*twin);
     });
     return sameObjects && m_parents == other.m_parents && m_users == other.m_users &&
-           std::ranges::equal(m_roots, other.m_roots,
-                              [](auto const& a, auto const& b) { return a.first == b.first; });
+           getRootOids() == other.getRootOids();
 }
 
 } // namespace om

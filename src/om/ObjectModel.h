@@ -2,14 +2,19 @@
 // the parent, users and root indexes consistent while objects come and go.
 #pragma once
 
+#include "om/DenseIdMap.h"
 #include "om/FactoryBase.h"
 #include "om/Object.h"
 #include "om/ObjectIndex.h"
 #include "om/Oid.h"
+#include "om/UserSet.h"
+
+#include <boost/container/small_vector.hpp>
 
 #include <map>
 #include <memory>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -88,17 +93,25 @@ public:
     // The first root that `accept` takes, or null; stops there, unlike the
     // collections above, which matters while many parts of a tree await a parent.
     template <class Accept> Object const* findRoot(Accept accept) const {
-        for (auto const& entry : m_roots) {
-            if (accept(*entry.second)) {
-                return entry.second;
-            }
-        }
-        return nullptr;
+        // The roots are the stored objects whose parent entry says NULL_OID.
+        Object const* found = nullptr;
+        m_parents.findIf([&](Oid id, Oid parent) {
+            Object const* object = parent == NULL_OID ? m_objects.find(id) : nullptr;
+            found = object != nullptr && accept(*object) ? object : nullptr;
+            return found != nullptr;
+        });
+        return found;
     }
 
     // ---- Changes.
     // A new object of the class with all its required children, recursively.
     Object const* createRecursive(std::string const& className);
+    // Takes a new object, made outside the store with all its members set,
+    // and leaves the store as createRecursive and an update would: the
+    // children it names, all in the store, come to it from wherever they
+    // were. So an object is made in one step, without placeholder children.
+    // Its required compositions must be filled.
+    Object const& insert(std::unique_ptr<Object> object);
     // Assigns the state of `changed`, a changed copy of a stored object, into
     // that object, and brings the indexes along; dropped children are destroyed.
     void update(Object const& changed);
@@ -123,19 +136,21 @@ public:
     bool operator==(ObjectModel const& other) const { return equalUpToId(other); }
 
 private:
-    // Ascending and without repetition: an ordered set of ids without a heap node per id.
-    using SortedOids = std::vector<Oid>;
+    // Ascending and without repetition: an ordered set of ids, without the
+    // heap for the few children an object mostly has.
+    using SortedOids = boost::container::small_vector<Oid, 8>;
 
     // Out of line, so that the lookups stay small enough to inline.
     [[noreturn]] static Object* throwNotFound(char const* operation, Oid id);
     static Oid oidOf(Object const* object);
     Object& administerObjectAdded(std::unique_ptr<Object> object);
     static SortedOids sortedChildIds(Object const& object);
-    void administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
+    static void requireNewObject(Object const& object, ObjectModel const* owner);
+    void administerChildrenAddedToObject(Object const& parent, std::span<Oid const> childIds,
                                          bool mayReparent);
     void updateUsers(Object const& current, Object const& changed);
     // Makes the gained children known and the lost ones roots; returns the lost ones.
-    SortedOids updateChildren(Object const& current, Object const& changed);
+    std::vector<Oid> updateChildren(Object const& current, Object const& changed);
     void collectTree(Object const& top, ConstObjectVec& tree) const;
     void forgetDestroyedObject(Object const& object);
     void checkObjectsToAdd(std::vector<Object*> const& objects, std::map<Oid, Object*> const& index,
@@ -145,11 +160,10 @@ private:
 
     FactoryBase& m_factory;
     ObjectIndex m_objects;
-    std::map<Oid, Oid> m_parents;
-    std::map<Oid, OidSet> m_users;
-    // Ordered by id rather than by address, so that every walk over the roots
-    // is the same from run to run.
-    std::map<Oid, Object const*> m_roots;
+    // Walked in id order rather than by address, so that every walk over the
+    // roots is the same from run to run.
+    DenseIdMap<Oid> m_parents;
+    DenseIdMap<UserSet> m_users;
     // Destroyed objects stay readable through pointers that code still holds,
     // until clear() or the end of the process.
     OwnedObjects m_destroyed;

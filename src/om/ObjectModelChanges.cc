@@ -4,6 +4,7 @@
 #include "om/ObjectModel.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 namespace om {
 ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
@@ -20,16 +21,15 @@ ObjectModel::SortedOids ObjectModel::sortedChildIds(Object const& object) {
 Object& ObjectModel::administerObjectAdded(std::unique_ptr<Object> object) {
     Object& added = m_objects.insert(std::move(object));
     Oid const id = added.getOid();
-    m_users.try_emplace(id);
-    m_parents.try_emplace(id, NULL_OID);
-    m_roots.emplace(id, &added);
+    m_users.tryEmplace(id);
+    m_parents.tryEmplace(id); // NULL_OID: a root
     return added;
 }
 
-void ObjectModel::administerChildrenAddedToObject(Object const& parent, SortedOids const& childIds,
-                                                  bool mayReparent) {
+void ObjectModel::administerChildrenAddedToObject(Object const& parent,
+                                                  std::span<Oid const> childIds, bool mayReparent) {
     for (Oid const childId : childIds) {
-        Oid& parentEntry = m_parents.try_emplace(childId, NULL_OID).first->second;
+        Oid& parentEntry = *m_parents.tryEmplace(childId).first;
         if (parentEntry != NULL_OID) {
             Object* oldParent = findRef(parentEntry);
             if (!mayReparent) {
@@ -38,8 +38,7 @@ void ObjectModel::administerChildrenAddedToObject(Object const& parent, SortedOi
             }
             oldParent->removeChild(childId);
         } else {
-            findRef(childId);
-            m_roots.erase(childId);
+            findRef(childId); // leaves the roots with the parent entry below
         }
         parentEntry = parent.getOid();
     }
@@ -63,8 +62,38 @@ Object const* ObjectModel::createRecursive(std::string const& className) {
         object.setComposition(name, children);
     }
     // Ascending already: the generator hands out increasing ids.
-    administerChildrenAddedToObject(object, childIds, false);
+    administerChildrenAddedToObject(object, {childIds.data(), childIds.size()}, false);
     return &object;
+}
+
+Object const& ObjectModel::insert(std::unique_ptr<Object> object) {
+    requireNewObject(*object, this);
+    if (m_objects.contains(object->getOid())) {
+        throw OMException("Trying to add object with OID that already exists in the object model");
+    }
+    object->setOwner(this);
+    Object& added = administerObjectAdded(std::move(object));
+    // A target named twice gets the user once: the users entry is a set.
+    for (auto const& entry : added.getAssociations()) {
+        for (Oid const target : entry.second) {
+            m_users[target].insert(added.getOid());
+        }
+    }
+    SortedOids const children = sortedChildIds(added);
+    administerChildrenAddedToObject(added, {children.data(), children.size()}, true);
+    return added;
+}
+
+void ObjectModel::requireNewObject(Object const& object, ObjectModel const* owner) {
+    if (object.tryGetOwner() != nullptr && object.tryGetOwner() != owner) {
+        throw OMException("Object still belongs to another object model");
+    }
+    for (auto const& [name, definition] : object.getCompositionDefs()) {
+        if (object.getComposition(name).size() < definition.getMultiplicityMin()) {
+            throw OMException("Object of class " + object.getClassName() +
+                              " lacks a required child in \"" + name + "\"");
+        }
+    }
 }
 
 void ObjectModel::update(Object const& changed) {
@@ -78,13 +107,16 @@ void ObjectModel::update(Object const& changed) {
     if (changed.tryGetOwner() != this) {
         throw OMException("You are not allowed to change the owner of objects");
     }
-    if (!current->getDefinition().isDerivedFrom(changed.getClassName())) {
+    // A copy of the same class, the usual case, needs no walk up the class
+    // names; two descriptions of one class would only send it that way.
+    if (&typeid(*current) != &typeid(changed) &&
+        !current->getDefinition().isDerivedFrom(changed.getClassName())) {
         throw OMException("You cannot replace an object by one of a different class unless it is "
                           "a base class (\"" +
                           current->getClassName() + "\" became \"" + changed.getClassName() + "\"");
     }
     updateUsers(*current, changed);
-    SortedOids const lostChildren = updateChildren(*current, changed);
+    std::vector<Oid> const lostChildren = updateChildren(*current, changed);
     current->conservativeAssign(changed, false);
     for (Oid const childId : lostChildren) {
         destroyRecursiveImpl(childId);
@@ -102,18 +134,18 @@ void ObjectModel::updateUsers(Object const& current, Object const& changed) {
     }
 }
 
-ObjectModel::SortedOids ObjectModel::updateChildren(Object const& current, Object const& changed) {
+std::vector<Oid> ObjectModel::updateChildren(Object const& current, Object const& changed) {
     IdDelta delta = deltaOf(current.getCompositions(), changed.getCompositions());
     // An added id that is a child of this object already only moved within it.
     std::erase_if(delta.added, [&](Oid id) {
-        auto const parent = m_parents.find(id);
-        return parent != m_parents.end() && parent->second == current.getOid();
+        Oid const* parent = m_parents.find(id);
+        return parent != nullptr && *parent == current.getOid();
     });
     administerChildrenAddedToObject(current, delta.added, true);
     dropStillHeld(delta.removed, changed.getCompositions());
     for (Oid const childId : delta.removed) {
-        m_parents[childId] = NULL_OID;
-        m_roots.emplace(childId, findRef(childId));
+        m_parents[childId] = NULL_OID; // a root again
+        findRef(childId);
     }
     return delta.removed;
 }
@@ -142,7 +174,7 @@ void ObjectModel::destroyRecursiveImpl(Oid id) {
         treeIds.insert(object->getOid());
     }
     for (Object const* object : tree) {
-        for (Oid const userId : m_users[object->getOid()]) {
+        for (Oid const userId : m_users[object->getOid()].sorted()) {
             // A user that left the store through removeObjects is no longer ours to change.
             Object* user = m_objects.find(userId);
             if (user != nullptr && !treeIds.contains(userId)) {
@@ -162,11 +194,10 @@ void ObjectModel::forgetDestroyedObject(Object const& object) {
     Oid const id = object.getOid();
     m_parents.erase(id);
     m_users.erase(id);
-    m_roots.erase(id);
     m_destroyed.push_back(m_objects.extract(id));
     for (Oid const target : object.getAllAssociations()) {
-        if (auto const users = m_users.find(target); users != m_users.end()) {
-            users->second.erase(id);
+        if (UserSet* users = m_users.find(target)) {
+            users->erase(id);
         }
     }
 }

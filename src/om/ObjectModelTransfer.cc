@@ -90,14 +90,13 @@ void ObjectModel::adoptTree(Oid id, std::map<Oid, std::unique_ptr<Object>*> cons
     for (Oid const childId : children) {
         adoptTree(childId, slots, entered);
     }
-    administerChildrenAddedToObject(object, children, false);
+    administerChildrenAddedToObject(object, {children.data(), children.size()}, false);
 }
 
 void ObjectModel::removeObjects(Oid id, OwnedObjects& out) {
     out.clear();
     ConstObjectVec tree;
     collectTree(*findRef(id), tree);
-    m_roots.erase(id);
     for (Object const* object : tree) {
         Oid const objectId = object->getOid();
         std::unique_ptr<Object> removed = m_objects.extract(objectId);

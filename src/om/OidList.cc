@@ -39,6 +39,14 @@ template <class Derived> OidList<Derived>& OidList<Derived>::operator=(OidList c
     return *this;
 }
 
+template <class Derived> OidList<Derived>& OidList<Derived>::operator=(OidList&& other) noexcept {
+    if (this != &other) {
+        releaseVector();
+        stealFrom(other);
+    }
+    return *this;
+}
+
 template <class Derived> void OidList<Derived>::set(Oid id) {
     releaseVector();
     m_id = id;

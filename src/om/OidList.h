@@ -22,6 +22,8 @@ public:
     OidList(OidList const& other);
     OidList(OidList&& other) noexcept;
     OidList& operator=(OidList const& other);
+    // Takes the ids of `other` and leaves it empty.
+    OidList& operator=(OidList&& other) noexcept;
     ~OidList() { releaseVector(); }
 
     Index size() const { return m_isVector ? m_vector->size() : (m_id != NULL_OID ? 1 : 0); }

@@ -28,11 +28,13 @@ std::string Statics(ClassDef const& cls) {
     return text + "    static " + cls.name + "Definition const* Definition;\n\n";
 }
 
-std::string PropertyFields(ClassDef const& cls) {
+// Plain fields: a property costs its value and nothing on the heap.
+std::string PropertyFields(Schema const& schema, ClassDef const& cls) {
     std::string text;
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
-            text += "    om::PropertyValueBase m_" + member.name + ";\n";
+            text += "    " + schema.getPropertyType(member.type).cppType + " m_" + member.name +
+                    "{" + member.defaultValue + "};\n";
         }
     }
     return text.empty() ? text : "\nprivate:\n" + text;
@@ -40,8 +42,8 @@ std::string PropertyFields(ClassDef const& cls) {
 
 Methods ClassMethodsOf(Schema const& schema, ClassDef const& cls) {
     auto methods = IdentityMethods(cls);
-    for (auto const& more :
-         {PropertyMethods(schema, cls), RelationMethods(cls), NavigationMethods(schema, cls)}) {
+    for (auto const& more : {PropertyMethods(schema, cls), RelationMethods(schema, cls),
+                             NavigationMethods(schema, cls)}) {
         methods.insert(methods.end(), more.begin(), more.end());
     }
     return methods;
@@ -51,12 +53,13 @@ std::string ClassHeader(Schema const& schema, ClassDef const& cls) {
     auto text = Banner + "// The metamodel class kel::" + cls.name + ".\n#pragma once\n\n";
     text += cls.hasRootBase() ? "#include \"om/Object.h\"\n" : Include(cls.base);
     text += Include("Enumerations");
+    text += "#include \"om/ObjectView.h\"\n";
     text += "\n#include <cstdint>\n#include <memory>\n#include <set>\n#include <string>\n"
             "#include <vector>\n\nnamespace kel {\n\n";
     text += ForwardDeclarations(schema, cls);
     text += "\nclass " + cls.name + " : public " + cls.base + " {\npublic:\n" + Statics(cls);
     PrintDeclarations(text, ClassMethodsOf(schema, cls));
-    return text + PropertyFields(cls) + "};\n\n} // namespace kel\n";
+    return text + PropertyFields(schema, cls) + "};\n\n} // namespace kel\n";
 }
 
 std::string DefinitionHeader(Schema const& schema, ClassDef const& cls) {
@@ -90,7 +93,8 @@ std::string Source(Schema const& schema, ClassDef const& cls) {
     for (auto const& name : ReferencedClasses(schema, cls)) {
         text += Include(VecName(name));
     }
-    text += Include("MemberAccess") + Include("PropCast") + Include("PropertyValue");
+    text += Include("MemberAccess") + Include("PropCast") + Include("PropertyHandles") +
+            Include("PropertyValue");
     text += "#include \"om/ObjectModel.h\"\n\nnamespace kel {\n\n";
     text += cls.name + "Definition const* " + cls.name + "::Definition = nullptr;\n";
     PrintDefinitions(text, cls.name, ClassMethodsOf(schema, cls));

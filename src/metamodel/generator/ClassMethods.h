@@ -15,7 +15,7 @@ Methods IdentityMethods(ClassDef const& cls);
 // Typed accessors of the class's own properties and the property overrides.
 Methods PropertyMethods(Schema const& schema, ClassDef const& cls);
 // Accessors of the class's own compositions and associations.
-Methods RelationMethods(ClassDef const& cls);
+Methods RelationMethods(Schema const& schema, ClassDef const& cls);
 // asY for direct subclasses and getObjY for the classes below the composition targets.
 Methods NavigationMethods(Schema const& schema, ClassDef const& cls);
 // Constructor and overrides of XDefinition.

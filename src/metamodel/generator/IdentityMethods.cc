@@ -1,45 +1,19 @@
 #include "ClassMethods.h"
 
 namespace kel::gen {
-namespace {
-
-// ", m_A(<init of A>), m_B(<init of B>)" over the class's own properties.
-template <class Init> std::string PropertyInitializers(ClassDef const& cls, Init init) {
-    std::string text;
-    for (auto const& member : cls.members) {
-        if (member.isProperty()) {
-            text += ", m_" + member.name + "(" + init(member) + ")";
-        }
-    }
-    return text;
-}
-
-std::string DefaultInitializers(ClassDef const& cls) {
-    return PropertyInitializers(cls, [](Member const& member) {
-        return "std::make_unique<PropertyValue>(" + member.defaultValue + ")";
-    });
-}
-
-std::string CopyInitializers(ClassDef const& cls) {
-    return PropertyInitializers(cls, [](Member const& member) { return "other.m_" + member.name; });
-}
-
-} // namespace
 
 Methods IdentityMethods(ClassDef const& cls) {
     auto const& x = cls.name;
     auto const& base = cls.base;
     Methods methods;
+    // The fields hold their defaults already, so only the relations are laid out.
     methods.push_back({.name = x,
-                       .initializers = base + "(true)" + DefaultInitializers(cls),
-                       .body = "initializeMembers(getDefinition());"});
-    methods.push_back({.name = x,
-                       .parameters = "bool flag",
-                       .prefix = "explicit ",
-                       .initializers = base + "(flag)" + DefaultInitializers(cls)});
-    methods.push_back({.name = x,
-                       .parameters = x + " const& other",
-                       .initializers = base + "(other)" + CopyInitializers(cls)});
+                       .initializers = base + "(true)",
+                       .body = "initializeRelations(getDefinition());"});
+    methods.push_back(
+        {.name = x, .parameters = "bool flag", .prefix = "explicit ", .initializers = base + "(flag)"});
+    methods.push_back({.name = x, .parameters = x + " const& other", .specifier = "= default"});
+    methods.push_back({.name = x, .parameters = x + "&& other", .specifier = "= default"});
     methods.push_back(
         {.result = x + "&",
          .name = "operator=",

@@ -11,11 +11,11 @@ Methods AccessorsOf(PropertyTypeRow const& type, Member const& member) {
         {.result = ResultType(type),
          .name = "get" + member.name,
          .isConst = true,
-         .body = "return PropCast(" + value + ")." + Getter(type) + ";"},
+         .body = "return " + value + ";"},
         {.result = "void",
          .name = "set" + member.name,
          .parameters = ParameterType(type) + " value",
-         .body = "PropCastRef(" + value + ").setUnchecked(value);"},
+         .body = value + " = value;"},
         {.result = ResultType(type),
          .name = "getDefaultValueFor" + member.name,
          .isConst = true,
@@ -50,8 +50,8 @@ std::string GetPropertyBody(ClassDef const& cls) {
     std::string body;
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
-            body += "if (name == " + member.keyConstant() + ") {\n    return m_" + member.name +
-                    ";\n}\n";
+            body += "if (name == " + member.keyConstant() + ") {\n    return PropertyHandle(*this, " +
+                    member.keyConstant() + ", PropertyValue(m_" + member.name + "));\n}\n";
         }
     }
     return body + "return " + cls.base + "::getProperty(name);";
@@ -62,9 +62,8 @@ std::string SetPropertyBody(Schema const& schema, ClassDef const& cls) {
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
             auto const& type = schema.getPropertyType(member.type);
-            body += "if (name == " + member.keyConstant() + ") {\n    PropCastRef(m_" +
-                    member.name + ") = PropCast(value).get" + type.accessor +
-                    "();\n    return;\n}\n";
+            body += "if (name == " + member.keyConstant() + ") {\n    m_" + member.name +
+                    " = PropCast(value).get" + type.accessor + "();\n    return;\n}\n";
         }
     }
     return body + cls.base + "::setProperty(name, value);";

@@ -3,32 +3,34 @@
 namespace kel::gen {
 namespace {
 
-// "getComposition(MComposition)" or "getAssociation(MAssociation)".
-std::string ValueOf(Member const& member) {
-    auto const getter = member.isComposition() ? "getComposition(" : "getAssociation(";
-    return getter + member.keyConstant() + ")";
+// The member's value in its slot, e.g. "getCompositionAt(2, MComposition)",
+// or with `Ref` the same for a change in place.
+std::string ValueOf(Schema const& schema, ClassDef const& cls, Member const& member,
+                    std::string const& ref = "") {
+    auto const getter = (member.isComposition() ? "getComposition" : "getAssociation") + ref;
+    return getter + "At(" + std::to_string(schema.slotOf(cls, member)) + ", " +
+           member.keyConstant() + ")";
 }
 
-// Stores one id, or none for NULL_OID, as the member's whole value.
-std::string StoreSingle(Member const& member, std::string const& id) {
-    auto const valueType = member.isComposition() ? "om::CompositionValue" : "om::AssociationValue";
-    auto const setter = member.isComposition() ? "setComposition(" : "setAssociation(";
-    return std::string(valueType) + " ids;\nids.set(" + id + ");\n" + setter +
-           member.keyConstant() + ", ids);";
+// Stores one id, or none for NULL_OID, as the member's whole value. A single
+// member's bounds allow both, so the definition need not check them.
+std::string StoreSingle(std::string const& place, std::string const& id) {
+    return place + ".set(" + id + ");";
 }
 
-Methods SingleMethods(Member const& member) {
+// `value` reads the member, `place` changes it.
+Methods SingleMethods(std::string const& value, std::string const& place, Member const& member) {
     auto const& m = member.name;
     auto const& t = member.type;
     Methods methods{
         {.result = "om::Oid",
          .name = "get" + m + "Oid",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".get();"},
+         .body = "return " + value + ".get();"},
         {.result = "void",
          .name = "set" + m,
          .parameters = t + " const& value",
-         .body = "getOwner().find(value.getOid());\n" + StoreSingle(member, "value.getOid()")},
+         .body = "getOwner().find(value.getOid());\n" + StoreSingle(place, "value.getOid()")},
         {.result = t + " const&",
          .name = "get" + m,
          .isConst = true,
@@ -38,9 +40,9 @@ Methods SingleMethods(Member const& member) {
         methods.push_back({.result = "bool",
                            .name = "has" + m,
                            .isConst = true,
-                           .body = "return " + ValueOf(member) + ".size() != 0;"});
+                           .body = "return " + value + ".size() != 0;"});
         methods.push_back(
-            {.result = "void", .name = "clear" + m, .body = StoreSingle(member, "om::NULL_OID")});
+            {.result = "void", .name = "clear" + m, .body = StoreSingle(place, "om::NULL_OID")});
         methods.push_back({.result = t + " const*",
                            .name = "tryGet" + m,
                            .isConst = true,
@@ -51,7 +53,7 @@ Methods SingleMethods(Member const& member) {
             {.result = "void",
              .name = "set" + m,
              .parameters = "om::Oid id",
-             .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(member, "id")});
+             .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(place, "id")});
     }
     return methods;
 }
@@ -88,27 +90,29 @@ Methods UnboundedChanges(Member const& member) {
     };
 }
 
-Methods UnboundedQueries(Member const& member) {
+Methods UnboundedQueries(std::string const& value, Member const& member) {
     auto const& m = member.name;
     auto const vec = VecName(member.type);
     return {
-        {.result = "bool",
-         .name = "has" + m,
-         .isConst = true,
-         .body = "return !" + ValueOf(member) + ".empty();"},
+        {.result = "bool", .name = "has" + m, .isConst = true, .body = "return !" + value + ".empty();"},
         {.result = "std::uint64_t",
          .name = "get" + m + "Size",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".size();"},
+         .body = "return " + value + ".size();"},
         {.result = "bool",
          .name = "isMemberOf" + m,
          .parameters = "om::Oid id",
          .isConst = true,
-         .body = "return " + ValueOf(member) + ".contains(id);"},
+         .body = "return " + value + ".contains(id);"},
         {.result = vec,
          .name = "get" + m,
          .isConst = true,
-         .body = "return ResolveIds<" + vec + ">(*this, " + ValueOf(member) + ");"},
+         .body = "return ResolveIds<" + vec + ">(*this, " + value + ");"},
+        // A walk that finds each object as it reaches it, with no vector to build.
+        {.result = "om::ObjectView<" + member.type + ">",
+         .name = "get" + m + "View",
+         .isConst = true,
+         .body = "return {getOwner(), " + value + "};"},
         {.result = vec,
          .name = "get" + m + "Vec",
          .isConst = true,
@@ -122,15 +126,18 @@ Methods UnboundedQueries(Member const& member) {
 
 } // namespace
 
-Methods RelationMethods(ClassDef const& cls) {
+Methods RelationMethods(Schema const& schema, ClassDef const& cls) {
     Methods methods;
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
             continue;
         }
-        auto const families = member.isUnbounded() ? std::vector<Methods>{UnboundedChanges(member),
-                                                                          UnboundedQueries(member)}
-                                                   : std::vector<Methods>{SingleMethods(member)};
+        auto const value = ValueOf(schema, cls, member);
+        auto const place = ValueOf(schema, cls, member, "Ref");
+        auto const families =
+            member.isUnbounded()
+                ? std::vector<Methods>{UnboundedChanges(member), UnboundedQueries(value, member)}
+                : std::vector<Methods>{SingleMethods(value, place, member)};
         for (auto const& more : families) {
             methods.insert(methods.end(), more.begin(), more.end());
         }

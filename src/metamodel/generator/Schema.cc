@@ -80,4 +80,20 @@ bool Schema::isDerivedFrom(std::string const& name, std::string const& ancestor)
     }
 }
 
+std::uint32_t Schema::slotOf(ClassDef const& cls, Member const& member) const {
+    std::uint32_t slot = 0;
+    auto countBefore = [&](ClassDef const& owner) {
+        for (auto const& other : owner.members) {
+            if (&other == &member) {
+                return;
+            }
+            slot += other.kind == member.kind ? 1 : 0;
+        }
+    };
+    auto const bases = ancestors(cls.name);
+    std::for_each(bases.rbegin(), bases.rend(), [&](ClassDef const* base) { countBefore(*base); });
+    countBefore(cls);
+    return slot;
+}
+
 } // namespace kel::gen

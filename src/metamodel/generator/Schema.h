@@ -67,6 +67,10 @@ public:
     // The bases of `name` from the nearest up, without om::Object.
     std::vector<ClassDef const*> ancestors(std::string const& name) const;
     bool isDerivedFrom(std::string const& name, std::string const& ancestor) const;
+    // The slot of an association or composition of `cls` among the members of
+    // its kind: a definition defines those of the bases first, in order, so
+    // the slot is the same in every class below `cls`.
+    std::uint32_t slotOf(ClassDef const& cls, Member const& member) const;
 };
 
 } // namespace kel::gen

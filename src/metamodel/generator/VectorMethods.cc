@@ -19,11 +19,12 @@ std::string AddObjects(Member const& member) {
     return member.isOptional() ? "if (element.has" + m + "()) {\n        " + add + "\n    }" : add;
 }
 
-std::string AddOids(std::string const& x, Member const& member) {
+std::string AddOids(Schema const& schema, ClassDef const& cls, Member const& member) {
     auto const& m = member.name;
     if (member.isUnbounded()) {
-        return "auto const& ids = element.getComposition(" + x + "::" + member.keyConstant() +
-               ");\n    out.insert(out.end(), ids.begin(), ids.end());";
+        return "auto const& ids = element.getCompositionAt(" +
+               std::to_string(schema.slotOf(cls, member)) + ", " + cls.name +
+               "::" + member.keyConstant() + ");\n    out.insert(out.end(), ids.begin(), ids.end());";
     }
     auto const add = "out.push_back(element.get" + m + "Oid());";
     return member.isOptional() ? "if (element.has" + m + "()) {\n        " + add + "\n    }" : add;
@@ -64,7 +65,7 @@ Methods Casts(Schema const& schema, ClassDef const& cls) {
     return methods;
 }
 
-Methods OwnGetters(ClassDef const& cls) {
+Methods OwnGetters(Schema const& schema, ClassDef const& cls) {
     Methods methods;
     for (auto const& member : cls.members) {
         if (member.isProperty()) {
@@ -79,7 +80,7 @@ Methods OwnGetters(ClassDef const& cls) {
             {.result = "std::vector<om::Oid>",
              .name = "get" + member.name + "Oid",
              .isConst = true,
-             .body = Collect("std::vector<om::Oid>", cls.name, AddOids(cls.name, member))});
+             .body = Collect("std::vector<om::Oid>", cls.name, AddOids(schema, cls, member))});
     }
     return methods;
 }
@@ -109,7 +110,7 @@ Methods VectorMethods(Schema const& schema, ClassDef const& cls) {
                        .name = "toPtr",
                        .isConst = true,
                        .body = "return SingleElement(*this, \"" + vec + "\");"});
-    for (auto const& more : {Casts(schema, cls), OwnGetters(cls), BaseGetters(schema, cls)}) {
+    for (auto const& more : {Casts(schema, cls), OwnGetters(schema, cls), BaseGetters(schema, cls)}) {
         methods.insert(methods.end(), more.begin(), more.end());
     }
     return methods;

@@ -97,7 +97,7 @@ bool isLeafExpression(kel::Expression const& expression) {
 std::vector<kel::BehaviourStatement const*>
 innerStatements(kel::BehaviourStatement const& statement) {
     if (kel::CompoundStatement const* compound = statement.asCompoundStatement()) {
-        kel::ConstBehaviourStatementVec inner = compound->getStatementsVec();
+        auto const inner = compound->getStatementsView();
         return {inner.begin(), inner.end()};
     }
     if (kel::GuardedStatement const* guarded = statement.asGuardedStatement()) {

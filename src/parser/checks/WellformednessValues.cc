@@ -156,7 +156,7 @@ bool WellformednessChecker::hasReturn(kel::BehaviourStatement const& statement) 
 }
 
 void WellformednessChecker::addMissingReturn(kel::CompoundStatement const& compound) {
-    auto ret = kel::NewCopy<kel::ReturnStatement>(m_model);
+    auto ret = kel::NewObject<kel::ReturnStatement>(m_model);
     // It points at the end of the body, where the return is missing.
     if (compound.hasFile()) {
         ret.setFile(compound.getFileOid());
@@ -169,7 +169,7 @@ void WellformednessChecker::addMissingReturn(kel::CompoundStatement const& compo
                      &kel::Location::setEndColumn}) {
         (ret.*set)(compound.getEndColumn());
     }
-    om::Oid id = kel::Store(m_model, ret);
+    om::Oid id = kel::Insert(m_model, std::move(ret));
     kel::CompoundStatement copy(compound);
     copy.addToStatements(id);
     m_model.update(copy);

@@ -85,9 +85,11 @@ void ParserBase::setLocation(kel::Location& object, kel::Location const& other) 
 
 om::Oid ParserBase::updateLocation(om::Oid id, location const& begin, location const& end,
                                    location const& at) {
-    std::unique_ptr<om::Object> copy = m_model.find(id)->clone();
-    setLocation(dynamic_cast<kel::Location&>(*copy), begin, end, at);
-    m_model.update(*copy);
+    // A copy of the Location part suffices: the update leaves the properties
+    // of the object's own class as they are.
+    kel::Location copy(kel::Find<kel::Location>(m_model, id));
+    setLocation(copy, begin, end, at);
+    m_model.update(copy);
     return id;
 }
 

@@ -30,7 +30,7 @@ template <class MakeOne> om::Oid Parser::constructNested(L const& at, Names cons
     if (names.size() == 1) {
         return makeOne(names.front());
     }
-    auto outer = kel::NewCopy<kel::Namespace>(m_model);
+    auto outer = kel::NewObject<kel::Namespace>(m_model);
     setNameAndLocation(outer, names.front());
     om::Oid inner = constructNested(at, tail(names), container, makeOne);
     Container kind = names.size() > 2 ? Container::Namespaces : container;
@@ -41,7 +41,7 @@ template <class MakeOne> om::Oid Parser::constructNested(L const& at, Names cons
     } else {
         outer.addToModels(inner);
     }
-    return kel::Store(m_model, outer);
+    return kel::Insert(m_model, std::move(outer));
 }
 
 void Parser::fileDeclarations(kel::Namespace& container, Oids const& declarations) {
@@ -73,19 +73,19 @@ om::Oid Parser::constructAllTypesAndModels(Oids const& declarations) {
 
 om::Oid Parser::constructNativeStatement(L const& b, L const& e, L const& a,
                                          std::string const& text) {
-    auto statement = kel::NewCopy<kel::NativeStatement>(m_model);
+    auto statement = kel::NewObject<kel::NativeStatement>(m_model);
     statement.setValue(text);
     setLocation(statement, b, e, a);
-    return kel::Store(m_model, statement);
+    return kel::Insert(m_model, std::move(statement));
 }
 
 om::Oid Parser::constructNamespaceDeclaration(L const&, L const&, L const& a, Names const& names,
                                               Oids const& declarations) {
     return constructNested(a, names, Container::Namespaces, [&](Name const& name) {
-        auto space = kel::NewCopy<kel::Namespace>(m_model);
+        auto space = kel::NewObject<kel::Namespace>(m_model);
         setNameAndLocation(space, name);
         fileDeclarations(space, declarations);
-        return kel::Store(m_model, space);
+        return kel::Insert(m_model, std::move(space));
     });
 }
 

@@ -2,6 +2,7 @@
 // resolves every reference of the tree, rewriting names into what they denote.
 #pragma once
 
+#include "metamodel/ConstructionSupport.h"
 #include "metamodel/Kel.h"
 #include "om/AsType.h"
 #include "om/ObjectModel.h"
@@ -171,14 +172,15 @@ private:
     void errorAt(kel::Location const& object, std::string const& message) {
         error(getLocation(object), message);
     }
-    // A copy of a new object of class T in the store, placed at `at`, to fill and store.
+    // A new object of class T placed at `at`, not in the store yet: to be
+    // filled in, required children first, and inserted whole.
     template <class T> T newAt(kel::Location const& at);
-    // Stores the copy; the stored object.
-    template <class T> T const& store(T const& copy);
-    // Names the stored object `id` and places it at `at`.
-    void nameAt(om::Oid id, std::string const& name, kel::Location const& at);
-    // Stores the copy and puts it where `old` stood.
-    template <class T> T const& replaceBy(om::Object const& old, T const& copy);
+    // Inserts a new object; the stored object.
+    template <class T> T const& insert(T object);
+    // A new object of class T named `name`, placed at `at` and stored.
+    template <class T> T const& namedAt(std::string const& name, kel::Location const& at);
+    // Inserts a new object and puts it where `old` stood.
+    template <class T> T const& replaceBy(om::Object const& old, T object);
 
     std::map<om::Oid, std::unique_ptr<Scope>> m_scopes;
 };
@@ -218,18 +220,23 @@ bool Resolver::resolveByName(Reference const& reference, std::string const& name
 }
 
 template <class T> T Resolver::newAt(kel::Location const& at) {
-    T created(om::AsType<T>(*m_model.createRecursive(T::ClassName)));
+    auto created = kel::NewObject<T>(m_model);
     setLocation(created, at);
     return created;
 }
 
-template <class T> T const& Resolver::store(T const& copy) {
-    m_model.update(copy);
-    return om::AsType<T>(*m_model.find(copy.getOid()));
+template <class T> T const& Resolver::insert(T object) {
+    return kel::Find<T>(m_model, kel::Insert(m_model, std::move(object)));
 }
 
-template <class T> T const& Resolver::replaceBy(om::Object const& old, T const& copy) {
-    T const& stored = store(copy);
+template <class T> T const& Resolver::namedAt(std::string const& name, kel::Location const& at) {
+    auto created = newAt<T>(at);
+    created.setName(name);
+    return insert(std::move(created));
+}
+
+template <class T> T const& Resolver::replaceBy(om::Object const& old, T object) {
+    T const& stored = insert(std::move(object));
     replaceInParent(old, stored);
     return stored;
 }

@@ -182,13 +182,15 @@ bool Resolver::bindVariable(kel::VariableReference const& reference,
     if (found == bound.variables.end()) {
         auto variable = newAt<kel::VariableDeclaration>(reference);
         variable.setName(name);
-        nameAt(variable.getTypeOid(), parameterType.getName(), reference);
+        auto type = newAt<kel::TypeReference>(reference);
+        type.setName(parameterType.getName());
         if (parameterType.hasDeclaration()) {
-            setDeclaration(variable.getType(), parameterType.getDeclarationOid());
+            type.setDeclaration(parameterType.getDeclarationOid());
         }
-        store(variable);
-        setDeclaration(reference, variable.getOid());
-        bound.variables.emplace(name, variable.getOid());
+        variable.setType(insert(std::move(type)));
+        om::Oid const id = insert(std::move(variable)).getOid();
+        setDeclaration(reference, id);
+        bound.variables.emplace(name, id);
         return true;
     }
     auto const& previous = om::AsType<kel::VariableDeclaration>(*m_model.find(found->second));
