@@ -14,6 +14,8 @@
 #include "metamodel/TreePredicates.h"
 #include "metamodel/VariableReference.h"
 
+#include "om/AsType.h"
+
 #include <ranges>
 #include <stdexcept>
 
@@ -24,7 +26,7 @@ template <class T>
 void AppendOfClass(std::vector<kel::BehaviourStatement const*>& to,
                    om::ObjectView<kel::BehaviourStatement> const& statements) {
     for (auto const* statement : statements) {
-        if (dynamic_cast<T const*>(statement) != nullptr) {
+        if (om::IsA<T>(*statement)) {
             to.push_back(statement);
         }
     }

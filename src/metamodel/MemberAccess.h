@@ -40,7 +40,7 @@ std::vector<om::Object const*> ChildrenWhere(om::Object const& parent,
 template <class Vec> Vec ChildrenOfClass(om::Object const& parent) {
     using T = std::remove_cv_t<std::remove_pointer_t<typename Vec::value_type>>;
     auto const children = ChildrenWhere(
-        parent, [](om::Object const& child) { return dynamic_cast<T const*>(&child) != nullptr; });
+        parent, [](om::Object const& child) { return om::IsA<T>(child); });
     Vec result;
     result.reserve(children.size());
     for (auto const* child : children) {
@@ -65,7 +65,7 @@ template <class To, class From> To Downcast(From const& from) {
     using T = std::remove_cv_t<std::remove_pointer_t<typename To::value_type>>;
     To result;
     for (auto const* element : from) {
-        if (auto const* typed = dynamic_cast<T const*>(element)) {
+        if (auto const* typed = om::TryAs<T>(element)) {
             result.push_back(typed);
         }
     }

@@ -1,25 +1,26 @@
-// Checked cast of an object to one of its classes.
+// Casts of an object to one of its classes: a comparison of class kinds.
 #pragma once
 
 #include "om/OMException.h"
 #include "om/Object.h"
 
-#include <typeinfo>
-
 namespace om {
 
+template <class T> bool IsA(Object const& object) {
+    auto const kind = object.classKind();
+    return kind >= T::FirstKind && kind <= T::LastKind;
+}
+
+// Null when `object` is null or not of class T.
+template <class T> T const* TryAs(Object const* object) {
+    return object != nullptr && IsA<T>(*object) ? static_cast<T const*>(object) : nullptr;
+}
+
 template <class T> T const& AsType(Object const& object) {
-    // An object of exactly class T, the usual case, needs no walk of the
-    // class tree. The addresses of two type descriptions of one class could
-    // differ only across shared libraries, and then the walk decides.
-    if (&typeid(object) == &typeid(T)) {
-        return static_cast<T const&>(object);
-    }
-    auto const* typed = dynamic_cast<T const*>(&object);
-    if (typed == nullptr) {
+    if (!IsA<T>(object)) {
         throw OMException("AsType(): Object is not of the requested type.");
     }
-    return *typed;
+    return static_cast<T const&>(object);
 }
 
 } // namespace om

@@ -52,7 +52,14 @@ public:
     Object& operator=(Object const& other);
     virtual ~Object() = default;
 
+    // ---- Class kinds. A metamodel numbers its classes depth first from 1, so
+    // that a class and those below it are the kinds FirstKind to LastKind and
+    // a cast compares instead of walking the class tree. A plain object is 0.
+    static constexpr std::uint32_t FirstKind = 0;
+    static constexpr std::uint32_t LastKind = UINT32_MAX;
+
     // ---- Virtual slots that generated classes override.
+    virtual std::uint32_t classKind() const { return FirstKind; }
     // A copy with the same id and owner, owned by the caller; it is not in the store.
     virtual std::unique_ptr<Object> clone() const;
     virtual void tryAssignProperties(Object const& other, bool flag);

@@ -1,15 +1,20 @@
 // What the generated classes rely on beyond the schema: members in the same
-// slots in every class below their own, walks over lists that build no
-// vector, and properties by name on plain fields.
+// slots in every class below their own, class kinds that make a cast one
+// comparison, walks over lists that build no vector, and properties by name
+// on plain fields.
 #include "StoreFixture.h"
 
 #include "metamodel/FactoryTable.h"
 #include "metamodel/PropCast.h"
 #include "metamodel/StatementConstructors.h"
+#include "om/AsType.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <ranges>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace kel {
@@ -49,6 +54,47 @@ TEST_F(GeneratedLayoutTest, EveryClassHoldsTheMembersOfItsBasesInTheirSlots) {
         }
     }
     EXPECT_GT(pairs, 74) << "each class with itself, and its bases";
+}
+
+// How many classes lie at or below `base`.
+std::uint32_t ClassesFrom(std::string const& base, Factory& factory) {
+    std::uint32_t count = 0;
+    for (auto const& entry : FactoryEntries()) {
+        count += factory.create(*entry.className)->getDefinition().isDerivedFrom(base) ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(GeneratedLayoutTest, AClassAndThoseBelowItAreOneRangeOfKinds) {
+    std::set<std::uint32_t> kinds;
+    for (auto const& lowerEntry : FactoryEntries()) {
+        auto const lower = factory.create(*lowerEntry.className);
+        EXPECT_TRUE(kinds.insert(lower->classKind()).second) << *lowerEntry.className;
+        EXPECT_NE(lower->classKind(), om::Object::FirstKind) << "kept for a plain object";
+        for (auto const& upperEntry : FactoryEntries()) {
+            auto const first = factory.create(*upperEntry.className)->classKind();
+            auto const last = first + ClassesFrom(*upperEntry.className, factory) - 1;
+            EXPECT_EQ(lower->classKind() >= first && lower->classKind() <= last,
+                      lower->getDefinition().isDerivedFrom(*upperEntry.className))
+                << *lowerEntry.className << " and " << *upperEntry.className;
+        }
+    }
+    EXPECT_EQ(Expression::LastKind - Expression::FirstKind + 1, ClassesFrom(Expression::ClassName, factory));
+    EXPECT_EQ(BehaviourStatement::LastKind - BehaviourStatement::FirstKind + 1,
+              ClassesFrom(BehaviourStatement::ClassName, factory));
+    EXPECT_EQ(Location::LastKind - Location::FirstKind + 1, ClassesFrom(Location::ClassName, factory));
+}
+
+TEST_F(GeneratedLayoutTest, CastsFollowTheKinds) {
+    auto const& equality = make<IsEqualExpression>();
+    om::Object const& object = equality;
+    EXPECT_EQ(om::TryAs<Expression>(&object), &equality);
+    EXPECT_EQ(om::TryAs<BehaviourStatement>(&object), nullptr);
+    EXPECT_EQ(om::TryAs<Expression>(nullptr), nullptr);
+    EXPECT_EQ(static_cast<Expression const&>(equality).asIsEqualExpression(), &equality);
+    EXPECT_EQ(static_cast<Expression const&>(equality).asIsLessExpression(), nullptr);
+    EXPECT_TRUE(om::IsA<om::Object>(om::Object()));
+    EXPECT_FALSE(om::IsA<Location>(om::Object()));
 }
 
 TEST_F(GeneratedLayoutTest, ViewsWalkTheObjectsThatTheListGettersReturn) {

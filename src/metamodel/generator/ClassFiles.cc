@@ -20,8 +20,12 @@ std::string ForwardDeclarations(Schema const& schema, ClassDef const& cls) {
     return text;
 }
 
-std::string Statics(ClassDef const& cls) {
+std::string Statics(Schema const& schema, ClassDef const& cls) {
+    auto const kinds = schema.kindRange(cls.name);
     std::string text = "    static std::string const ClassName;\n";
+    text += "    static constexpr std::uint32_t FirstKind = " + std::to_string(kinds.first) +
+            ";\n    static constexpr std::uint32_t LastKind = " + std::to_string(kinds.last) +
+            ";\n";
     for (auto const& member : cls.members) {
         text += "    static std::string const " + member.keyConstant() + ";\n";
     }
@@ -57,7 +61,7 @@ std::string ClassHeader(Schema const& schema, ClassDef const& cls) {
     text += "\n#include <cstdint>\n#include <memory>\n#include <set>\n#include <string>\n"
             "#include <vector>\n\nnamespace kel {\n\n";
     text += ForwardDeclarations(schema, cls);
-    text += "\nclass " + cls.name + " : public " + cls.base + " {\npublic:\n" + Statics(cls);
+    text += "\nclass " + cls.name + " : public " + cls.base + " {\npublic:\n" + Statics(schema, cls);
     PrintDeclarations(text, ClassMethodsOf(schema, cls));
     return text + PropertyFields(schema, cls) + "};\n\n} // namespace kel\n";
 }

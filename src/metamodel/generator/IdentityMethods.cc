@@ -30,6 +30,12 @@ Methods IdentityMethods(ClassDef const& cls) {
                        .specifier = "override",
                        .body = "if (Definition == nullptr) {\n    Definition = new " + x +
                                "Definition();\n}\nreturn *Definition;"});
+    // The kind of the object's own class: a cast compares it with a range of kinds.
+    methods.push_back({.result = "std::uint32_t",
+                       .name = "classKind",
+                       .isConst = true,
+                       .specifier = "override",
+                       .body = "return FirstKind;"});
     methods.push_back({.result = VecName(x),
                        .name = "toConstVec",
                        .isConst = true,

@@ -151,7 +151,7 @@ Methods NavigationMethods(Schema const& schema, ClassDef const& cls) {
         methods.push_back({.result = sub->name + " const*",
                            .name = "as" + sub->name,
                            .isConst = true,
-                           .body = "return dynamic_cast<" + sub->name + " const*>(this);"});
+                           .body = "return om::TryAs<" + sub->name + ">(this);"});
     }
     for (auto const& y : ObjClasses(schema, cls)) {
         methods.push_back({.result = VecName(y),

@@ -80,6 +80,25 @@ bool Schema::isDerivedFrom(std::string const& name, std::string const& ancestor)
     }
 }
 
+Schema::KindRange Schema::kindRange(std::string const& name) const {
+    getClass(name); // throws for a class the schema lacks
+    std::uint32_t next = 1; // 0 is a plain object's
+
+    KindRange found;
+    // Numbers the tree under `base` from `next`; notes the range of `name`.
+    auto number = [&](auto const& self, std::string const& base) -> void {
+        for (auto const* cls : directSubclasses(base)) {
+            auto const first = next++;
+            self(self, cls->name);
+            if (cls->name == name) {
+                found = {first, next - 1};
+            }
+        }
+    };
+    number(number, "om::Object");
+    return found;
+}
+
 std::uint32_t Schema::slotOf(ClassDef const& cls, Member const& member) const {
     std::uint32_t slot = 0;
     auto countBefore = [&](ClassDef const& owner) {

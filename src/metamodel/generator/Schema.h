@@ -67,6 +67,14 @@ public:
     // The bases of `name` from the nearest up, without om::Object.
     std::vector<ClassDef const*> ancestors(std::string const& name) const;
     bool isDerivedFrom(std::string const& name, std::string const& ancestor) const;
+    // The kinds of `name` and of the last class below it. Kinds number the
+    // classes depth first, so a class and its descendants are one range and
+    // a cast is a comparison instead of a walk of the class tree.
+    struct KindRange {
+        std::uint32_t first = 0;
+        std::uint32_t last = 0;
+    };
+    KindRange kindRange(std::string const& name) const;
     // The slot of an association or composition of `cls` among the members of
     // its kind: a definition defines those of the bases first, in order, so
     // the slot is the same in every class below `cls`.
