@@ -72,8 +72,8 @@ inline om::CompositionDefinition composition(std::string const& target, std::uin
 }
 
 // What the generator writes for a class with one int property of its own on
-// top of the members of Base; Self names the property, its default and the
-// class of its definition.
+// top of the members of Base; Self names the property, its default, its
+// range of kinds and the class of its definition.
 template <class Self, class Base> class WithIntProperty : public Base {
 public:
     explicit WithIntProperty(bool flag) : Base(flag), m_value(IntValue(Self::Default)) {}
@@ -83,6 +83,7 @@ public:
         return *this;
     }
 
+    std::uint32_t classKind() const override { return Self::FirstKind; }
     std::unique_ptr<om::Object> clone() const override {
         return std::make_unique<Self>(static_cast<Self const&>(*this));
     }
@@ -135,6 +136,8 @@ class Leaf : public WithIntProperty<Leaf, om::Object> {
 public:
     using DefinitionClass = LeafDefinition;
     static inline std::string const ClassName{"test::Leaf"};
+    static constexpr std::uint32_t FirstKind = 1;
+    static constexpr std::uint32_t LastKind = 1;
     static inline std::string const IntProperty{"Weight"};
     static constexpr int Default = 0;
     static inline om::ObjectDefinition const* Definition = nullptr;
@@ -149,6 +152,8 @@ class Node : public WithIntProperty<Node, om::Object> {
 public:
     using DefinitionClass = NodeDefinition;
     static inline std::string const ClassName{"test::Node"};
+    static constexpr std::uint32_t FirstKind = 2;
+    static constexpr std::uint32_t LastKind = 3;
     static inline std::string const IntProperty{"Size"};
     static constexpr int Default = 7;
     static inline om::ObjectDefinition const* Definition = nullptr;
@@ -166,6 +171,8 @@ class Tree : public WithIntProperty<Tree, Node> {
 public:
     using DefinitionClass = TreeDefinition;
     static inline std::string const ClassName{"test::Tree"};
+    static constexpr std::uint32_t FirstKind = 3;
+    static constexpr std::uint32_t LastKind = 3;
     static inline std::string const IntProperty{"Extra"};
     static constexpr int Default = 0;
     static inline om::ObjectDefinition const* Definition = nullptr;
