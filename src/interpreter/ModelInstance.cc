@@ -6,32 +6,28 @@
 #include "metamodel/InterfaceReference.h"
 #include "metamodel/InternalDeclaration.h"
 
-namespace {
-
-bool AnyNamed(kel::PortEventVec const& events, std::string const& name) {
-    for (auto const& event : events) {
-        if (event.str() == name) {
-            return true;
-        }
-    }
-    return false;
+ModelInstance::ModelInstance(kel::ModelDeclaration const& model) : model(&model), port(nullptr) {
+    indexEvents();
 }
-
-kel::PortEvent const* FirstNamed(kel::PortEventVec const& events, std::string const& name) {
-    for (auto const& event : events) {
-        if (event.str() == name) {
-            return &event;
-        }
-    }
-    return nullptr;
-}
-
-} // namespace
-
-ModelInstance::ModelInstance(kel::ModelDeclaration const& model) : model(&model), port(nullptr) {}
 
 ModelInstance::ModelInstance(kel::PortDeclaration const& port)
-    : model(&port.getInterface().getDeclaration()), port(&port) {}
+    : model(&port.getInterface().getDeclaration()), port(&port) {
+    indexEvents();
+}
+
+void ModelInstance::indexEvents() {
+    for (auto const& events : {kel::ObservableEvents(*model), kel::InternalEvents(*model)}) {
+        for (auto const& event : events) {
+            eventsByText.try_emplace(event.str(), event);
+        }
+    }
+    for (auto const& event : kel::OutputEvents(*model)) {
+        outputTexts.insert(event.str());
+    }
+    for (auto const& event : kel::InputEvents(*model)) {
+        inputTexts.insert(event.str());
+    }
+}
 
 std::string const& ModelInstance::getName() const {
     return port != nullptr ? port->getName() : model->getName();
@@ -55,18 +51,16 @@ std::string ModelInstance::getRoleName() const {
 }
 
 bool ModelInstance::isOutputEvent(std::string const& name) const {
-    return AnyNamed(kel::OutputEvents(*model), name);
+    return outputTexts.contains(name);
 }
 
 bool ModelInstance::isInputEvent(std::string const& name) const {
-    return AnyNamed(kel::InputEvents(*model), name);
+    return inputTexts.contains(name);
 }
 
 kel::PortEvent ModelInstance::getPortEvent(std::string const& name) const {
-    for (auto const& events : {kel::ObservableEvents(*model), kel::InternalEvents(*model)}) {
-        if (auto const* event = FirstNamed(events, name)) {
-            return *event;
-        }
+    if (auto const found = eventsByText.find(name); found != eventsByText.end()) {
+        return found->second;
     }
     auto const* component = model->asComponentDeclaration();
     if (component == nullptr) {

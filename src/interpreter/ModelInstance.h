@@ -9,6 +9,8 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 
 class ModelInstance {
 public:
@@ -34,6 +36,15 @@ public:
     kel::PortEvent getPortEvent(std::string const& name) const;
     // The provided ports of a component in declaration order; none otherwise.
     kel::ConstPortDeclarationVec getProvidesPorts() const;
+
+private:
+    // The model's events by their trace texts, found once: activation looks
+    // the head of the trace up at every step. The first event of a text wins.
+    std::unordered_map<std::string, kel::PortEvent> eventsByText;
+    std::unordered_set<std::string> outputTexts;
+    std::unordered_set<std::string> inputTexts;
+
+    void indexEvents();
 };
 
 using ModelInstancePtr = std::shared_ptr<ModelInstance const>;
