@@ -85,7 +85,7 @@ std::string VectorHeader(Schema const& schema, ClassDef const& cls) {
         Include(cls.name) + "\n#include \"om/Oid.h\"\n\n#include <vector>\n\nnamespace kel {\n\n";
     text += ForwardDeclarations(schema, cls);
     text += "\nclass " + vec + " : public std::vector<" + cls.name + " const*> {\npublic:\n";
-    text += "    using std::vector<" + cls.name + " const*>::vector;\n";
+    text += "    using std::vector<" + cls.name + " const*>::vector;\n\n";
     PrintDeclarations(text, VectorMethods(schema, cls));
     return text + "};\n\n} // namespace kel\n";
 }

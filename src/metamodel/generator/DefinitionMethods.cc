@@ -43,7 +43,7 @@ Methods DefinitionMethods(Schema const& schema, ClassDef const& cls) {
     for (auto const& member : cls.members) {
         body += Define(schema, x, member) + "\n";
     }
-    return {
+    Methods const methods{
         {.name = x + "Definition", .body = body},
         {.result = "std::string const&",
          .name = "getClassName",
@@ -58,6 +58,8 @@ Methods DefinitionMethods(Schema const& schema, ClassDef const& cls) {
          .body = "return name == " + x + "::ClassName || " + DefinitionBase(cls) +
                  "::isDerivedFrom(name);"},
     };
+    return Family("The members as the store defines them, the class's name and its bases.",
+                  methods);
 }
 
 std::vector<std::string> ObjClasses(Schema const& schema, ClassDef const& cls) {

@@ -47,8 +47,21 @@ std::string Method::definition(std::string const& className) const {
     return text + " {\n" + IndentedBody(body) + "}\n";
 }
 
+Methods Family(std::string const& comment, Methods methods) {
+    if (!methods.empty()) {
+        methods.front().comment = comment;
+    }
+    return methods;
+}
+
 void PrintDeclarations(std::string& out, Methods const& methods) {
     for (auto const& method : methods) {
+        if (!method.comment.empty()) {
+            if (&method != &methods.front()) {
+                out += "\n";
+            }
+            out += "    // " + method.comment + "\n";
+        }
         out += "    " + method.declaration() + "\n";
     }
 }

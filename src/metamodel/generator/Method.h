@@ -16,6 +16,7 @@ struct Method {
     std::string prefix{};       // "explicit ", "virtual " or empty
     std::string initializers{}; // constructors: what follows the colon
     std::string body{};         // statements, one per line, without the braces
+    std::string comment{};      // the line above the first method of a family
 
     // The line in the class body.
     std::string declaration() const;
@@ -25,7 +26,11 @@ struct Method {
 
 using Methods = std::vector<Method>;
 
-// Appends the declarations, indented for a class body.
+// The methods, with a one-line comment above the first one's declaration.
+Methods Family(std::string const& comment, Methods methods);
+
+// Appends the declarations, indented for a class body: each family under its
+// comment, a blank line between two families.
 void PrintDeclarations(std::string& out, Methods const& methods);
 void PrintDefinitions(std::string& out, std::string const& className, Methods const& methods);
 

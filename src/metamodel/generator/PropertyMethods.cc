@@ -7,7 +7,7 @@ std::string Getter(PropertyTypeRow const& type) { return "getUnchecked" + type.a
 
 Methods AccessorsOf(PropertyTypeRow const& type, Member const& member) {
     auto const value = "m_" + member.name;
-    return {
+    Methods const methods{
         {.result = ResultType(type),
          .name = "get" + member.name,
          .isConst = true,
@@ -22,6 +22,9 @@ Methods AccessorsOf(PropertyTypeRow const& type, Member const& member) {
          .body = "return PropCast(getDefinition().getPropertyDef(" + member.keyConstant() +
                  ").getDefaultValue())." + Getter(type) + ";"},
     };
+    return Family(member.name + ", a " + type.name +
+                      " property: its value, a new one, the default.",
+                  methods);
 }
 
 std::string AssignBody(ClassDef const& cls) {
@@ -70,7 +73,7 @@ std::string SetPropertyBody(Schema const& schema, ClassDef const& cls) {
 }
 
 Methods PropertyOverrides(Schema const& schema, ClassDef const& cls) {
-    return {
+    Methods const methods{
         {.result = "void",
          .name = "tryAssignProperties",
          .parameters = "om::Object const& other, bool flag",
@@ -94,6 +97,7 @@ Methods PropertyOverrides(Schema const& schema, ClassDef const& cls) {
          .specifier = "override",
          .body = SetPropertyBody(schema, cls)},
     };
+    return Family("The properties for the store: copied, compared, and reached by name.", methods);
 }
 
 } // namespace

@@ -18,6 +18,11 @@ std::string StoreSingle(std::string const& place, std::string const& id) {
     return place + ".set(" + id + ");";
 }
 
+// "composed PortDeclaration objects", as the comments above the families say.
+std::string Related(Member const& member, std::string const& rest) {
+    return (member.isComposition() ? "composed " : "associated ") + member.type + rest;
+}
+
 // `value` reads the member, `place` changes it.
 Methods SingleMethods(std::string const& value, std::string const& place, Member const& member) {
     auto const& m = member.name;
@@ -55,14 +60,16 @@ Methods SingleMethods(std::string const& value, std::string const& place, Member
              .parameters = "om::Oid id",
              .body = "ResolveId<" + t + ">(*this, id);\n" + StoreSingle(place, "id")});
     }
-    return methods;
+    return Family(m + ": the " +
+                      Related(member, member.isOptional() ? ", or none." : ", exactly one."),
+                  methods);
 }
 
 // Each change works on a copy of the value and stores it back.
 Methods UnboundedChanges(Member const& member) {
     auto const& m = member.name;
     auto const key = member.keyConstant();
-    return {
+    Methods const methods{
         {.result = "void",
          .name = "set" + m,
          .parameters = "std::vector<om::Oid> const& ids",
@@ -88,13 +95,17 @@ Methods UnboundedChanges(Member const& member) {
          .parameters = "om::Oid id",
          .body = "RemoveChildId(*this, " + key + ", id);"},
     };
+    return Family(m + ": replacing, adding and removing " + Related(member, " objects."), methods);
 }
 
 Methods UnboundedQueries(std::string const& value, Member const& member) {
     auto const& m = member.name;
     auto const vec = VecName(member.type);
-    return {
-        {.result = "bool", .name = "has" + m, .isConst = true, .body = "return !" + value + ".empty();"},
+    Methods const methods{
+        {.result = "bool",
+         .name = "has" + m,
+         .isConst = true,
+         .body = "return !" + value + ".empty();"},
         {.result = "std::uint64_t",
          .name = "get" + m + "Size",
          .isConst = true,
@@ -122,6 +133,7 @@ Methods UnboundedQueries(std::string const& value, Member const& member) {
          .isConst = true,
          .body = "auto const objects = get" + m + "();\nreturn {objects.begin(), objects.end()};"},
     };
+    return Family(m + ": the " + Related(member, " objects in order, and their count."), methods);
 }
 
 } // namespace
@@ -146,19 +158,24 @@ Methods RelationMethods(Schema const& schema, ClassDef const& cls) {
 }
 
 Methods NavigationMethods(Schema const& schema, ClassDef const& cls) {
-    Methods methods;
+    Methods casts;
     for (auto const* sub : schema.directSubclasses(cls.name)) {
-        methods.push_back({.result = sub->name + " const*",
-                           .name = "as" + sub->name,
-                           .isConst = true,
-                           .body = "return om::TryAs<" + sub->name + ">(this);"});
+        casts.push_back({.result = sub->name + " const*",
+                         .name = "as" + sub->name,
+                         .isConst = true,
+                         .body = "return om::TryAs<" + sub->name + ">(this);"});
     }
+    Methods children;
     for (auto const& y : ObjClasses(schema, cls)) {
-        methods.push_back({.result = VecName(y),
-                           .name = "getObj" + y,
-                           .isConst = true,
-                           .body = "return ChildrenOfClass<" + VecName(y) + ">(*this);"});
+        children.push_back({.result = VecName(y),
+                            .name = "getObj" + y,
+                            .isConst = true,
+                            .body = "return ChildrenOfClass<" + VecName(y) + ">(*this);"});
     }
+    auto methods =
+        Family("This object as each direct subclass, or null when it is not one.", casts);
+    auto more = Family("The children of each class that a composition may hold.", children);
+    methods.insert(methods.end(), more.begin(), more.end());
     return methods;
 }
 

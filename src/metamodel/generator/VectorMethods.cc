@@ -31,7 +31,7 @@ std::string AddOids(Schema const& schema, ClassDef const& cls, Member const& mem
 }
 
 Methods Specials(std::string const& vec) {
-    return {
+    Methods const methods{
         {.name = vec, .specifier = "= default"},
         {.name = vec, .parameters = vec + " const& other", .specifier = "= default"},
         {.name = vec, .parameters = vec + "&& other", .specifier = "= default"},
@@ -46,22 +46,27 @@ Methods Specials(std::string const& vec) {
         // Out of line, so that the vtable is emitted once, with the class's members.
         {.name = "~" + vec, .prefix = "virtual "},
     };
+    return Family("A plain vector of pointers into the store.", methods);
 }
 
 Methods Casts(Schema const& schema, ClassDef const& cls) {
-    Methods methods;
+    Methods up;
     for (auto const* ancestor : schema.ancestors(cls.name)) {
-        methods.push_back({.result = VecName(ancestor->name),
-                           .name = "as" + ancestor->name,
-                           .isConst = true,
-                           .body = "return Upcast<" + VecName(ancestor->name) + ">(*this);"});
+        up.push_back({.result = VecName(ancestor->name),
+                      .name = "as" + ancestor->name,
+                      .isConst = true,
+                      .body = "return Upcast<" + VecName(ancestor->name) + ">(*this);"});
     }
+    Methods down;
     for (auto const* sub : schema.directSubclasses(cls.name)) {
-        methods.push_back({.result = VecName(sub->name),
-                           .name = "as" + sub->name,
-                           .isConst = true,
-                           .body = "return Downcast<" + VecName(sub->name) + ">(*this);"});
+        down.push_back({.result = VecName(sub->name),
+                        .name = "as" + sub->name,
+                        .isConst = true,
+                        .body = "return Downcast<" + VecName(sub->name) + ">(*this);"});
     }
+    auto methods = Family("All elements as a vector of each base class.", up);
+    auto more = Family("The elements that belong to each direct subclass, in order.", down);
+    methods.insert(methods.end(), more.begin(), more.end());
     return methods;
 }
 
@@ -82,7 +87,7 @@ Methods OwnGetters(Schema const& schema, ClassDef const& cls) {
              .isConst = true,
              .body = Collect("std::vector<om::Oid>", cls.name, AddOids(schema, cls, member))});
     }
-    return methods;
+    return Family("Each relation of the class, collected over the elements in order.", methods);
 }
 
 Methods BaseGetters(Schema const& schema, ClassDef const& cls) {
@@ -98,7 +103,7 @@ Methods BaseGetters(Schema const& schema, ClassDef const& cls) {
                                .body = "return as" + cls.base + "().get" + member.name + "();"});
         }
     }
-    return methods;
+    return Family("Each relation of the base class, collected over the elements.", methods);
 }
 
 } // namespace
@@ -106,11 +111,13 @@ Methods BaseGetters(Schema const& schema, ClassDef const& cls) {
 Methods VectorMethods(Schema const& schema, ClassDef const& cls) {
     auto const vec = VecName(cls.name);
     auto methods = Specials(vec);
-    methods.push_back({.result = cls.name + " const*",
-                       .name = "toPtr",
-                       .isConst = true,
-                       .body = "return SingleElement(*this, \"" + vec + "\");"});
-    for (auto const& more : {Casts(schema, cls), OwnGetters(schema, cls), BaseGetters(schema, cls)}) {
+    Methods const single{{.result = cls.name + " const*",
+                          .name = "toPtr",
+                          .isConst = true,
+                          .body = "return SingleElement(*this, \"" + vec + "\");"}};
+    for (auto const& more :
+         {Family("The one element, null for none; more is an error.", single), Casts(schema, cls),
+          OwnGetters(schema, cls), BaseGetters(schema, cls)}) {
         methods.insert(methods.end(), more.begin(), more.end());
     }
     return methods;
