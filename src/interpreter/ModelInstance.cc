@@ -6,27 +6,28 @@
 #include "metamodel/InterfaceReference.h"
 #include "metamodel/InternalDeclaration.h"
 
-ModelInstance::ModelInstance(kel::ModelDeclaration const& model) : model(&model), port(nullptr) {
-    indexEvents();
-}
+ModelInstance::ModelInstance(kel::ModelDeclaration const& model) : model(&model), port(nullptr) {}
 
 ModelInstance::ModelInstance(kel::PortDeclaration const& port)
-    : model(&port.getInterface().getDeclaration()), port(&port) {
-    indexEvents();
-}
+    : model(&port.getInterface().getDeclaration()), port(&port) {}
 
-void ModelInstance::indexEvents() {
-    for (auto const& events : {kel::ObservableEvents(*model), kel::InternalEvents(*model)}) {
-        for (auto const& event : events) {
-            eventsByText.try_emplace(event.str(), event);
+ModelInstance::EventIndex const& ModelInstance::events() const {
+    if (eventIndex == nullptr) {
+        auto index = std::make_unique<EventIndex>();
+        for (auto const& events : {kel::ObservableEvents(*model), kel::InternalEvents(*model)}) {
+            for (auto const& event : events) {
+                index->byText.try_emplace(event.str(), event);
+            }
         }
+        for (auto const& event : kel::OutputEvents(*model)) {
+            index->outputs.insert(event.str());
+        }
+        for (auto const& event : kel::InputEvents(*model)) {
+            index->inputs.insert(event.str());
+        }
+        eventIndex = std::move(index);
     }
-    for (auto const& event : kel::OutputEvents(*model)) {
-        outputTexts.insert(event.str());
-    }
-    for (auto const& event : kel::InputEvents(*model)) {
-        inputTexts.insert(event.str());
-    }
+    return *eventIndex;
 }
 
 std::string const& ModelInstance::getName() const {
@@ -51,15 +52,16 @@ std::string ModelInstance::getRoleName() const {
 }
 
 bool ModelInstance::isOutputEvent(std::string const& name) const {
-    return outputTexts.contains(name);
+    return events().outputs.contains(name);
 }
 
 bool ModelInstance::isInputEvent(std::string const& name) const {
-    return inputTexts.contains(name);
+    return events().inputs.contains(name);
 }
 
 kel::PortEvent ModelInstance::getPortEvent(std::string const& name) const {
-    if (auto const found = eventsByText.find(name); found != eventsByText.end()) {
+    auto const& byText = events().byText;
+    if (auto const found = byText.find(name); found != byText.end()) {
         return found->second;
     }
     auto const* component = model->asComponentDeclaration();

@@ -38,13 +38,17 @@ public:
     kel::ConstPortDeclarationVec getProvidesPorts() const;
 
 private:
-    // The model's events by their trace texts, found once: activation looks
-    // the head of the trace up at every step. The first event of a text wins.
-    std::unordered_map<std::string, kel::PortEvent> eventsByText;
-    std::unordered_set<std::string> outputTexts;
-    std::unordered_set<std::string> inputTexts;
+    // The model's events by their trace texts, found at the first lookup:
+    // activation looks the head of the trace up at every step. The first
+    // event of a text wins. A model without behaviour is never asked.
+    struct EventIndex {
+        std::unordered_map<std::string, kel::PortEvent> byText;
+        std::unordered_set<std::string> outputs;
+        std::unordered_set<std::string> inputs;
+    };
+    mutable std::unique_ptr<EventIndex const> eventIndex;
 
-    void indexEvents();
+    EventIndex const& events() const;
 };
 
 using ModelInstancePtr = std::shared_ptr<ModelInstance const>;
