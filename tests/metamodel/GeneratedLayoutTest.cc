@@ -79,10 +79,12 @@ TEST_F(GeneratedLayoutTest, AClassAndThoseBelowItAreOneRangeOfKinds) {
                 << *lowerEntry.className << " and " << *upperEntry.className;
         }
     }
-    EXPECT_EQ(Expression::LastKind - Expression::FirstKind + 1, ClassesFrom(Expression::ClassName, factory));
+    EXPECT_EQ(Expression::LastKind - Expression::FirstKind + 1,
+              ClassesFrom(Expression::ClassName, factory));
     EXPECT_EQ(BehaviourStatement::LastKind - BehaviourStatement::FirstKind + 1,
               ClassesFrom(BehaviourStatement::ClassName, factory));
-    EXPECT_EQ(Location::LastKind - Location::FirstKind + 1, ClassesFrom(Location::ClassName, factory));
+    EXPECT_EQ(Location::LastKind - Location::FirstKind + 1,
+              ClassesFrom(Location::ClassName, factory));
 }
 
 TEST_F(GeneratedLayoutTest, CastsFollowTheKinds) {

@@ -61,7 +61,8 @@ std::string ClassHeader(Schema const& schema, ClassDef const& cls) {
     text += "\n#include <cstdint>\n#include <memory>\n#include <set>\n#include <string>\n"
             "#include <vector>\n\nnamespace kel {\n\n";
     text += ForwardDeclarations(schema, cls);
-    text += "\nclass " + cls.name + " : public " + cls.base + " {\npublic:\n" + Statics(schema, cls);
+    text +=
+        "\nclass " + cls.name + " : public " + cls.base + " {\npublic:\n" + Statics(schema, cls);
     PrintDeclarations(text, ClassMethodsOf(schema, cls));
     return text + PropertyFields(schema, cls) + "};\n\n} // namespace kel\n";
 }

@@ -40,7 +40,8 @@ Methods IdentityMethods(ClassDef const& cls) {
                        .name = "toConstVec",
                        .isConst = true,
                        .body = VecName(x) + " result;\nresult.push_back(this);\nreturn result;"});
-    return Family("Construction, copies, the clone, the run-time definition, the class kind, and as a vector.",
+    return Family("Construction, copies, the clone, the run-time definition, the class kind, "
+                  "and as a vector.",
                   methods);
 }
 

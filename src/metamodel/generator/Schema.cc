@@ -81,9 +81,8 @@ bool Schema::isDerivedFrom(std::string const& name, std::string const& ancestor)
 }
 
 Schema::KindRange Schema::kindRange(std::string const& name) const {
-    getClass(name); // throws for a class the schema lacks
+    getClass(name);         // throws for a class the schema lacks
     std::uint32_t next = 1; // 0 is a plain object's
-
     KindRange found;
     // Numbers the tree under `base` from `next`; notes the range of `name`.
     auto number = [&](auto const& self, std::string const& base) -> void {
