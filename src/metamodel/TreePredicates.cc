@@ -19,30 +19,19 @@
 #include "metamodel/PortReference.h"
 #include "metamodel/TypeReference.h"
 #include "metamodel/VariableDeclarationStatement.h"
-
-#include <algorithm>
+#include "om/AsType.h"
 
 namespace kel {
 namespace {
 
-// The statements of the compound, each blocking statement replaced by its content.
-ConstBehaviourStatementVec UnblockedStatements(CompoundStatement const& compound) {
-    ConstBehaviourStatementVec result;
-    for (auto const* statement : compound.getStatements()) {
-        auto const* blocking = statement->asBlockingStatement();
-        result.push_back(blocking == nullptr ? statement : &blocking->getStatement());
-    }
-    return result;
-}
-
-template <class T> bool AnyIs(ConstBehaviourStatementVec const& statements) {
-    return std::any_of(statements.begin(), statements.end(), [](BehaviourStatement const* s) {
-        return dynamic_cast<T const*>(s) != nullptr;
-    });
+// A blocking statement stands for its content.
+BehaviourStatement const& Unblocked(BehaviourStatement const& statement) {
+    auto const* blocking = statement.asBlockingStatement();
+    return blocking == nullptr ? statement : blocking->getStatement();
 }
 
 EventInstance const* ActionInstanceOf(Expression const* expression) {
-    auto const* action = dynamic_cast<ActionExpression const*>(expression);
+    auto const* action = om::TryAs<ActionExpression>(expression);
     return action == nullptr ? nullptr : &action->getEvent();
 }
 
@@ -100,13 +89,19 @@ bool IsImperative(BehaviourStatement const& statement) {
            statement.asFunctionCallStatement() != nullptr;
 }
 
+// Asked at every step into a compound, so it walks the statements in place.
 bool IsDeclarative(CompoundStatement const& compound) {
-    auto const statements = UnblockedStatements(compound);
-    if (AnyIs<GuardedStatement>(statements) || AnyIs<OnEventStatement>(statements)) {
-        return true;
+    CompoundStatement const* firstNested = nullptr;
+    for (auto const* statement : compound.getStatementsView()) {
+        auto const& unblocked = Unblocked(*statement);
+        if (om::IsA<GuardedStatement>(unblocked) || om::IsA<OnEventStatement>(unblocked)) {
+            return true;
+        }
+        if (firstNested == nullptr) {
+            firstNested = om::TryAs<CompoundStatement>(&unblocked);
+        }
     }
-    auto const nested = statements.asCompoundStatement();
-    return !nested.empty() && IsDeclarative(*nested.front());
+    return firstNested != nullptr && IsDeclarative(*firstNested);
 }
 
 bool IsDataVariable(VariableDeclaration const& variable) {
@@ -150,7 +145,7 @@ EventInstance const* tryGetActionEventInstance(BehaviourStatement const& stateme
 }
 
 EventInstance const* TryGetBuiltinEventInstance(OnEventStatement const& statement) {
-    for (auto const* instance : statement.getEvents()) {
+    for (auto const* instance : statement.getEventsView()) {
         if (IsBuiltin(*instance)) {
             return instance;
         }
@@ -160,7 +155,7 @@ EventInstance const* TryGetBuiltinEventInstance(OnEventStatement const& statemen
 
 EventInstance const* TryGetEventInstance(OnEventStatement const& statement,
                                          std::string const& name) {
-    for (auto const* instance : statement.getEvents()) {
+    for (auto const* instance : statement.getEventsView()) {
         if (instance->getName() == name) {
             return instance;
         }
@@ -172,7 +167,7 @@ ConstOnEventStatementVec FindOnEventStatementsByName(ConstOnEventStatementVec co
                                                      std::string const& name) {
     ConstOnEventStatementVec result;
     for (auto const* statement : statements) {
-        for (auto const* instance : statement->getEvents()) {
+        for (auto const* instance : statement->getEventsView()) {
             if (instance->getName() == name) {
                 result.push_back(statement);
             }
