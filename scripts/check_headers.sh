@@ -3,15 +3,21 @@
 # provides, so that a machine with only what scripts/setup.sh installs builds
 # too. Reads the headers from ninja's dependency records of a finished build.
 # Usage: scripts/check_headers.sh BUILD_DIR [PACKAGE_LIST]
+#   PACKAGE_LIST: a file of packages, one a line; the set-up's own by default.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$(cd "$1" && pwd)
-list=${2:-$root/scripts/packages.txt}
 
 # The compiler's own packages, which g++ brings along under versioned names.
 toolchain='^(libc6-dev|linux-libc-dev|libstdc\+\+-[0-9]+-dev|libgcc-[0-9]+-dev|gcc-[0-9]+|g\+\+-[0-9]+|cpp-[0-9]+)$'
 
-mapfile -t listed < <(grep -v '^[[:space:]]*\(#\|$\)' "$list")
+if [ $# -ge 2 ]; then
+    list=$2
+    mapfile -t listed <"$list"
+else
+    list=scripts/setup.sh
+    mapfile -t listed < <("$root/scripts/setup.sh" --list)
+fi
 # A listed package brings its direct dependencies, such as the versioned
 # package behind a metapackage.
 allowed=$({

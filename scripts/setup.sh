@@ -1,9 +1,27 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of scripts/packages.txt that building and
-# testing kel-trace needs, and only those that are missing.
+# Installs the Debian packages that building and testing kel-trace needs, and
+# only those that are missing. With --list it prints them, one a line, for
+# scripts/check_headers.sh, which holds the build to them.
 set -euo pipefail
 
-mapfile -t packages < <(grep -v '^[[:space:]]*\(#\|$\)' "$(dirname "$0")/packages.txt")
+packages=(
+    g++ make cmake ninja-build
+    flex
+    libfl-dev # FlexLexer.h, which flex only recommends
+    bison
+    libboost-dev # pulls in the versioned package of this release's headers
+    libgtest-dev libgmock-dev libbenchmark-dev
+    nlohmann-json3-dev # kel-trace-view reads the diagrams with it
+    # Headless Chromium renders the viewer's page in its browser test, and the
+    # README's picture; DejaVu is the font the page asks for.
+    chromium fonts-dejavu-core
+    tmux # a real terminal for the test of the progress line
+)
+
+if [ "${1-}" = --list ]; then
+    printf '%s\n' "${packages[@]}"
+    exit 0
+fi
 
 missing=()
 for package in "${packages[@]}"; do

@@ -47,8 +47,8 @@ TraceType TraceTypeOf(kel::ModelDeclaration const& model, Options const& options
     return isComponentConstrainedByPorts(options) ? TT_Constrained : TT_Unconstrained;
 }
 
-// Each port against its own events: the specification trace for a provided
-// port, the trace for any other.
+// Each port against its own events: the provided ports' trace (-s or -S) for
+// a provided port, the trace for any other.
 PortStates RunPorts(kel::ComponentDeclaration const& component, NamedEventTrace const& trace,
                     NamedEventTrace const& specTrace, bool debug, TraceType type,
                     std::ostream& out, ProgressLine& progress) {

@@ -10,7 +10,7 @@ status=0
 for case in 'libfl-dev ^/usr/include/FlexLexer\.h comes from libfl-dev, ' \
             'libboost-dev ^/usr/include/boost/.* comes from libboost[0-9.]*-dev, '; do
     read -r package pattern <<<"$case"
-    grep -vx "$package" "$root/scripts/packages.txt" >"$list"
+    "$root/scripts/setup.sh" --list | grep -vx "$package" >"$list"
     report=$("$root/scripts/check_headers.sh" "$1" "$list" 2>&1)
     code=$?
     if [ $code -ne 1 ] || ! grep -qE "$pattern" <<<"$report"; then
