@@ -10,6 +10,8 @@
 //
 // Most mutations of a source break its syntax, so three mutations in four
 // leave the source alone and change only the model line and the trace.
+#include "PrivateSource.h"
+
 #include "tool/File.h"
 #include "tool/ProgressLine.h"
 #include "tool/RunFlow.h"
@@ -20,9 +22,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -30,7 +30,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-#include <unistd.h>
 
 namespace {
 
@@ -50,19 +49,6 @@ public:
 private:
     std::size_t spent = 0;
 };
-
-// One private folder per process, so that imports of the input find nothing
-// but what the input itself is.
-std::string const& sourcePath() {
-    static std::string const path = [] {
-        std::string folder = "/tmp/kel-fuzz-XXXXXX";
-        if (mkdtemp(folder.data()) == nullptr) {
-            std::abort();
-        }
-        return folder + "/input.kel";
-    }();
-    return path;
-}
 
 struct Input {
     std::string source;
@@ -95,12 +81,9 @@ Input split(std::string const& text) {
 }
 
 std::unique_ptr<File const> load(std::string const& source) {
-    {
-        std::ofstream out(sourcePath(), std::ios::binary | std::ios::trunc);
-        out << source;
-    }
+    WritePrivateSource(source.data(), source.size());
     try {
-        return std::make_unique<File const>(sourcePath(), std::vector<std::string>{});
+        return std::make_unique<File const>(PrivateSourcePath(), std::vector<std::string>{});
     } catch (std::exception const&) {
         return nullptr;
     }
