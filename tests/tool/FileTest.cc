@@ -10,6 +10,8 @@
 #include <iostream>
 #include <sstream>
 
+#include <unistd.h>
+
 namespace {
 
 using testing::ElementsAre;
@@ -29,9 +31,9 @@ protected:
 
     // Writes a source into a fresh temporary file and returns its path.
     std::string write(std::string const& text) {
-        std::string path = testing::TempDir() + "kel_file_test_" + std::to_string(m_paths.size()) +
-                           "_" + testing::UnitTest::GetInstance()->current_test_info()->name() +
-                           ".kel";
+        std::string path = testing::TempDir() + "kel_file_test_" + std::to_string(getpid()) + "_" +
+                           std::to_string(m_paths.size()) + "_" +
+                           testing::UnitTest::GetInstance()->current_test_info()->name() + ".kel";
         std::ofstream(path) << text;
         m_paths.push_back(path);
         return path;

@@ -8,6 +8,8 @@
 #include <sstream>
 #include <string>
 
+#include <unistd.h>
+
 namespace {
 
 using testing::ElementsAre;
@@ -57,6 +59,13 @@ TEST(ChannelEventsTest, StripRemovesUpToFirstOccurrenceAnywhere) {
     EXPECT_THAT(stripOffCspChannelName(trace, "p"), ElementsAre("a", "d", "q.b", "p.e"));
 }
 
+// Files named after the test and the process: ctest runs tests side by side,
+// and one test's TearDown must not remove another's files.
+std::string tempPath(std::string const& what) {
+    return testing::TempDir() + "kel_trace_input_" + std::to_string(getpid()) + "_" +
+           testing::UnitTest::GetInstance()->current_test_info()->name() + "_" + what;
+}
+
 class TraceSourceTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -67,8 +76,8 @@ protected:
         std::remove(tracePath.c_str());
         std::remove(specPath.c_str());
     }
-    std::string const tracePath = testing::TempDir() + "kel_trace_input_trace";
-    std::string const specPath = testing::TempDir() + "kel_trace_input_spec";
+    std::string const tracePath = tempPath("trace");
+    std::string const specPath = tempPath("spec");
     std::istringstream stdinStream{"in.one\n"};
 };
 
