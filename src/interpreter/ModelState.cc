@@ -1,6 +1,8 @@
 // How states are made, how they record their history and how they stop.
 #include "interpreter/ModelState.h"
 
+#include "interpreter/RunMemory.h"
+
 #include "metamodel/Behaviour.h"
 #include "metamodel/ConstVariableDeclarationVec.h"
 #include "metamodel/TreePredicates.h"
@@ -89,15 +91,15 @@ void ModelState::trace(ProgramStepPtr step) {
         return;
     }
     if (!keepsWholeHistory && step->isSynchronizationStep()) {
-        programTrace = std::make_shared<ProgramTrace>(programTrace->size(), std::move(step));
+        programTrace = MakeRunShared<ProgramTrace>(programTrace->size(), std::move(step));
         return;
     }
-    programTrace = std::make_shared<ProgramTrace>(std::move(programTrace), std::move(step));
+    programTrace = MakeRunShared<ProgramTrace>(std::move(programTrace), std::move(step));
 }
 
 ProgramStep::Snapshot ModelState::snapshot() {
     if (lastSnapshot == nullptr || !stateVector.isUnchangedSince(*lastSnapshot)) {
-        lastSnapshot = std::make_shared<StateVector const>(stateVector);
+        lastSnapshot = MakeRunShared<StateVector const>(stateVector);
     }
     return lastSnapshot;
 }
@@ -106,8 +108,8 @@ void ModelState::traceStatement(kel::BehaviourStatement const& statement) {
     trace(ProgramStep::Statement(statement, snapshot(), activationEvent));
 }
 
-void ModelState::deadend(std::string const& text) {
-    message = text;
+void ModelState::deadend(std::string text) {
+    message = std::move(text);
     isStopped = true;
 }
 

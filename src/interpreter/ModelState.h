@@ -142,7 +142,7 @@ public:
     void tauLoop();
     void illegal();
     void PromoteToError();
-    void deadend(std::string const& message);
+    void deadend(std::string message);
     void programError(std::string const& message);
 
     // Process-wide: ids are for reading logs only.

@@ -18,12 +18,13 @@
 
 #include <ranges>
 #include <stdexcept>
+#include <string_view>
 
 namespace {
 
 // Appends the statements of class T, in the order of the block.
 template <class T>
-void AppendOfClass(std::vector<kel::BehaviourStatement const*>& to,
+void AppendOfClass(StateVector::Candidates& to,
                    om::ObjectView<kel::BehaviourStatement> const& statements) {
     for (auto const* statement : statements) {
         if (om::IsA<T>(*statement)) {
@@ -152,10 +153,8 @@ void ModelState::stepIntoImperativeCompound(kel::CompoundStatement const& compou
 
 void ModelState::stepIntoDeclarativeCompound(kel::CompoundStatement const& compound) {
     auto const statements = compound.getStatementsView();
-    std::vector<kel::BehaviourStatement const*> candidates;
-    for (auto const* guarded : stateVector.passableGuardedStatements(statements)) {
-        candidates.push_back(guarded);
-    }
+    StateVector::Candidates candidates;
+    stateVector.appendPassableGuardedStatements(statements, candidates);
     AppendOfClass<kel::OnEventStatement>(candidates, statements);
     AppendOfClass<kel::CompoundStatement>(candidates, statements);
     AppendOfClass<kel::BlockingStatement>(candidates, statements);
@@ -231,8 +230,16 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
         program.PopNextStatement();
         program.PushStatement(statement.getStatement());
     };
-    auto const mismatch = [&](std::string const& what) {
-        deadend("On event statement on line: " + LineOf(statement) + " does not represent " + what);
+    // Most ways of a search die here: the message is built in one piece.
+    auto const mismatch = [&](std::string_view what, std::string_view name = {}) {
+        std::string text;
+        text.reserve(64 + what.size() + name.size());
+        text.append("On event statement on line: ")
+            .append(LineOf(statement))
+            .append(" does not represent ")
+            .append(what)
+            .append(name);
+        deadend(std::move(text));
     };
     if (kel::IsBuiltin(statement)) {
         if (!isMatchingEventStatement(statement, activationEvent.str())) {
@@ -261,7 +268,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
     }
     auto const name = activationEvent.str();
     if (!isMatchingEventStatement(statement, name)) {
-        mismatch("activation event " + name);
+        mismatch("activation event ", name);
         return;
     }
     currentCallContext = kel::TryGetEventInstance(statement, name);

@@ -2,6 +2,7 @@
 #include "interpreter/ProgramStep.h"
 
 #include "interpreter/KelSemantics.h"
+#include "interpreter/RunMemory.h"
 
 #include "metamodel/Behaviour.h"
 #include "metamodel/EventReference.h"
@@ -13,7 +14,7 @@ namespace {
 using Step = ProgramStep;
 
 ProgramStepPtr Make(Step::ProgramStepKind kind, Step::SV sv, Step::AE ae) {
-    return std::make_shared<ProgramStep>(kind, sv, ae);
+    return MakeRunShared<ProgramStep>(kind, sv, ae);
 }
 
 ProgramStepPtr WithEvent(Step::ProgramStepKind kind, kel::PortEvent const& event, Step::SV sv,

@@ -18,6 +18,7 @@
 #include "om/Oid.h"
 
 #include <boost/container/flat_map.hpp>
+#include <boost/container/small_vector.hpp>
 
 #include <memory>
 #include <string>
@@ -79,6 +80,11 @@ public:
     passableGuardedStatements(std::vector<kel::BehaviourStatement const*> const& statements) const;
     kel::ConstGuardedStatementVec
     passableGuardedStatements(om::ObjectView<kel::BehaviourStatement> const& statements) const;
+    // Statements to choose among, on the stack while there are few.
+    using Candidates = boost::container::small_vector<kel::BehaviourStatement const*, 8>;
+    // The same, appended to `out`.
+    void appendPassableGuardedStatements(om::ObjectView<kel::BehaviourStatement> const& statements,
+                                         Candidates& out) const;
     std::vector<kel::Guard const*> ArmedGuards() const;
     std::vector<kel::Guard const*> ArmedGuards(kel::BehaviourStatement const& statement) const;
 

@@ -7,36 +7,60 @@
 #include "metamodel/TreePredicates.h"
 
 #include <stdexcept>
+#include <variant>
 
 namespace {
 
-using Value = StateVariableValuePtr;
-
-Value Bool(bool value) { return std::make_unique<BoolStateVariableValue>(value); }
-
-// A variable read before it has a value (`bool c = !c;`) makes the whole
-// expression valueless, so that the statement that evaluates it ends the run
-// as a fault of the model. Only a guard or a condition, which must decide,
-// has to refuse it outright.
-Value Defined(Value value) {
-    if (value == nullptr) {
-        throw std::runtime_error(
-            "expression could not be evaluated due to uninitialized variable");
+// A value while an expression is evaluated: what an operator computes is held
+// in place and a variable's value is borrowed from the vector, so that a guard
+// costs no allocation. Empty for no value.
+class Operand {
+public:
+    Operand() = default;
+    explicit Operand(StateVariableValue const* borrowed) {
+        if (borrowed != nullptr) {
+            m_value = borrowed;
+        }
     }
-    return value;
-}
+    template <class Value> explicit Operand(Value computed) : m_value(computed) {}
+
+    bool hasValue() const { return m_value.index() != 0; }
+    StateVariableValue const& operator*() const { return std::visit(AsValue{}, m_value); }
+    StateVariableValuePtr copy() const { return hasValue() ? (**this).clone() : nullptr; }
+
+private:
+    struct AsValue {
+        StateVariableValue const& operator()(std::monostate) const {
+            throw std::logic_error("Operand without value");
+        }
+        StateVariableValue const& operator()(StateVariableValue const* borrowed) const {
+            return *borrowed;
+        }
+        StateVariableValue const& operator()(StateVariableValue const& computed) const {
+            return computed;
+        }
+    };
+
+    std::variant<std::monostate, StateVariableValue const*, BoolStateVariableValue,
+                 IntStateVariableValue, EnumStateVariableValue>
+        m_value;
+};
+
+Operand Bool(bool value) { return Operand(BoolStateVariableValue(value)); }
+
+Operand Evaluate(StateVector const& vector, kel::Expression const& expression);
 
 // Applies `operation` to both operands, first operand first; no value when
 // either has none.
 template <class Binary, class Operation>
-Value Combine(StateVector const& vector, Binary const& expression, Operation operation) {
-    auto const left = vector.EvaluateExpression(expression.getExpr1());
-    auto const right = vector.EvaluateExpression(expression.getExpr2());
-    return left == nullptr || right == nullptr ? nullptr : operation(*left, *right);
+Operand Combine(StateVector const& vector, Binary const& expression, Operation operation) {
+    auto const left = Evaluate(vector, expression.getExpr1());
+    auto const right = Evaluate(vector, expression.getExpr2());
+    return left.hasValue() && right.hasValue() ? operation(*left, *right) : Operand();
 }
 
 template <class Binary, class Compare>
-Value CompareInts(StateVector const& vector, Binary const& expression, Compare compare) {
+Operand CompareInts(StateVector const& vector, Binary const& expression, Compare compare) {
     return Combine(vector, expression, [&](auto const& left, auto const& right) {
         return Bool(compare(IntStateVariableValue(left), IntStateVariableValue(right)));
     });
@@ -44,13 +68,85 @@ Value CompareInts(StateVector const& vector, Binary const& expression, Compare c
 
 // `and` and `or` decide on their first operand where it suffices.
 template <class Binary>
-Value ShortCircuit(StateVector const& vector, Binary const& expression, bool decisive) {
-    auto const left = vector.EvaluateExpression(expression.getExpr1());
-    if (left == nullptr || (BoolStateVariableValue(decisive) == *left)) {
-        return left == nullptr ? nullptr : Bool(decisive);
+Operand ShortCircuit(StateVector const& vector, Binary const& expression, bool decisive) {
+    auto const left = Evaluate(vector, expression.getExpr1());
+    if (!left.hasValue() || (BoolStateVariableValue(decisive) == *left)) {
+        return left.hasValue() ? Bool(decisive) : Operand();
     }
-    auto const right = vector.EvaluateExpression(expression.getExpr2());
-    return right == nullptr ? nullptr : Bool(BoolStateVariableValue(true) == *right);
+    auto const right = Evaluate(vector, expression.getExpr2());
+    return right.hasValue() ? Bool(BoolStateVariableValue(true) == *right) : Operand();
+}
+
+Operand Evaluate(StateVector const& vector, kel::Expression const& expression) {
+    if (auto const* constant = expression.asBooleanConstantExpression()) {
+        return Operand(BoolStateVariableValue(constant->getValue()));
+    }
+    if (auto const* constant = expression.asIntConstantExpression()) {
+        return Operand(IntStateVariableValue(constant->getValue()));
+    }
+    if (auto const* constant = expression.asEnumConstantExpression()) {
+        return Operand(EnumStateVariableValue(constant->getValue().getDeclaration()));
+    }
+    if (auto const* test = expression.asEnumVariableValueExpression()) {
+        auto const* value = vector.getValue(test->getVariable().getDeclarationOid());
+        return Bool(value != nullptr &&
+                    *value == EnumStateVariableValue(test->getValue().getDeclaration()));
+    }
+    if (auto const* variable = expression.asVariableExpression()) {
+        return Operand(vector.getValue(variable->getVariable().getDeclarationOid()));
+    }
+    if (auto const* conjunction = expression.asBooleanAndExpression()) {
+        return ShortCircuit(vector, *conjunction, false);
+    }
+    if (auto const* disjunction = expression.asBooleanOrExpression()) {
+        return ShortCircuit(vector, *disjunction, true);
+    }
+    if (auto const* negation = expression.asBooleanNotExpression()) {
+        auto const operand = Evaluate(vector, negation->getExpr());
+        return operand.hasValue() ? Bool(!(BoolStateVariableValue(true) == *operand)) : Operand();
+    }
+    if (auto const* equality = expression.asIsEqualExpression()) {
+        return Combine(vector, *equality,
+                       [](auto const& left, auto const& right) { return Bool(left == right); });
+    }
+    if (auto const* inequality = expression.asIsNotEqualExpression()) {
+        return Combine(vector, *inequality,
+                       [](auto const& left, auto const& right) { return Bool(left != right); });
+    }
+    if (auto const* less = expression.asIsLessExpression()) {
+        return CompareInts(vector, *less, [](auto const& a, auto const& b) { return a < b; });
+    }
+    if (auto const* lessEqual = expression.asIsLessEqualExpression()) {
+        return CompareInts(vector, *lessEqual, [](auto const& a, auto const& b) { return a <= b; });
+    }
+    if (auto const* greater = expression.asIsGreaterExpression()) {
+        return CompareInts(vector, *greater, [](auto const& a, auto const& b) { return a > b; });
+    }
+    if (auto const* greaterEqual = expression.asIsGreaterEqualExpression()) {
+        return CompareInts(vector, *greaterEqual,
+                           [](auto const& a, auto const& b) { return a >= b; });
+    }
+    if (auto const* plus = expression.asPlusExpression()) {
+        return Combine(vector, *plus, [](auto const& left, auto const& right) {
+            return Operand(IntStateVariableValue(left) + IntStateVariableValue(right));
+        });
+    }
+    if (auto const* minus = expression.asMinusExpression()) {
+        return Combine(vector, *minus, [](auto const& left, auto const& right) {
+            return Operand(IntStateVariableValue(left) - IntStateVariableValue(right));
+        });
+    }
+    if (expression.asFunctionCallExpression() != nullptr) {
+        throw std::runtime_error(
+            "FunctionCallExpression must be executed. No in-place evaluation.");
+    }
+    if (expression.asActionExpression() != nullptr) {
+        throw std::runtime_error("ActionExpression must be executed. No in-place evaluation.");
+    }
+    if (expression.asDataExpression() != nullptr) {
+        throw std::runtime_error("DataExpression can not be evaluated.");
+    }
+    throw std::runtime_error("Unhandled expression type");
 }
 
 bool HoldsExpressionGuard(StateVector const& vector, kel::Guard const* guard) {
@@ -67,114 +163,64 @@ void Append(std::vector<kel::Guard const*>& to, std::vector<kel::Guard const*> c
     to.insert(to.end(), from.begin(), from.end());
 }
 
-// The guarded statements among `statements` whose guards hold, or those with
-// `otherwise` when none does; for a vector and for a walk over a block alike.
-template <class Statements>
-kel::ConstGuardedStatementVec PassableGuardedStatements(StateVector const& vector,
-                                                        Statements const& statements) {
-    kel::ConstGuardedStatementVec passable;
-    kel::ConstGuardedStatementVec otherwise;
+// Appends the guarded statements among `statements` whose guards hold, or
+// those with `otherwise` when none does; for a vector and for a walk over a
+// block alike.
+template <class Statements, class Out> void
+AppendPassableGuardedStatements(StateVector const& vector, Statements const& statements, Out& out) {
+    auto const before = out.size();
     for (auto const* statement : statements) {
-        if (auto const* guarded = statement->asGuardedStatement()) {
-            auto const* guard = guarded->tryGetGuard();
-            if (HoldsExpressionGuard(vector, guard)) {
-                passable.push_back(guarded);
-            } else if (IsOtherwise(guard)) {
-                otherwise.push_back(guarded);
-            }
+        auto const* guarded = statement->asGuardedStatement();
+        if (guarded != nullptr && HoldsExpressionGuard(vector, guarded->tryGetGuard())) {
+            out.push_back(guarded);
         }
     }
-    return passable.empty() ? otherwise : passable;
+    if (out.size() != before) {
+        return;
+    }
+    for (auto const* statement : statements) {
+        auto const* guarded = statement->asGuardedStatement();
+        if (guarded != nullptr && IsOtherwise(guarded->tryGetGuard())) {
+            out.push_back(guarded);
+        }
+    }
 }
 
 } // namespace
 
 StateVariableValuePtr StateVector::EvaluateExpression(kel::Expression const& expression) const {
-    if (auto const* constant = expression.asBooleanConstantExpression()) {
-        return std::make_unique<BoolStateVariableValue>(constant->getValue());
-    }
-    if (auto const* constant = expression.asIntConstantExpression()) {
-        return std::make_unique<IntStateVariableValue>(constant->getValue());
-    }
-    if (auto const* constant = expression.asEnumConstantExpression()) {
-        return std::make_unique<EnumStateVariableValue>(constant->getValue().getDeclaration());
-    }
-    if (auto const* test = expression.asEnumVariableValueExpression()) {
-        auto const* value = getValue(test->getVariable().getDeclarationOid());
-        return Bool(value != nullptr &&
-                    *value == EnumStateVariableValue(test->getValue().getDeclaration()));
-    }
-    if (auto const* variable = expression.asVariableExpression()) {
-        auto const* value = getValue(variable->getVariable().getDeclarationOid());
-        return value == nullptr ? nullptr : value->clone();
-    }
-    if (auto const* conjunction = expression.asBooleanAndExpression()) {
-        return ShortCircuit(*this, *conjunction, false);
-    }
-    if (auto const* disjunction = expression.asBooleanOrExpression()) {
-        return ShortCircuit(*this, *disjunction, true);
-    }
-    if (auto const* negation = expression.asBooleanNotExpression()) {
-        auto const operand = EvaluateExpression(negation->getExpr());
-        return operand == nullptr ? nullptr : Bool(!(BoolStateVariableValue(true) == *operand));
-    }
-    if (auto const* equality = expression.asIsEqualExpression()) {
-        return Combine(*this, *equality,
-                       [](auto const& left, auto const& right) { return Bool(left == right); });
-    }
-    if (auto const* inequality = expression.asIsNotEqualExpression()) {
-        return Combine(*this, *inequality,
-                       [](auto const& left, auto const& right) { return Bool(left != right); });
-    }
-    if (auto const* less = expression.asIsLessExpression()) {
-        return CompareInts(*this, *less, [](auto const& a, auto const& b) { return a < b; });
-    }
-    if (auto const* lessEqual = expression.asIsLessEqualExpression()) {
-        return CompareInts(*this, *lessEqual, [](auto const& a, auto const& b) { return a <= b; });
-    }
-    if (auto const* greater = expression.asIsGreaterExpression()) {
-        return CompareInts(*this, *greater, [](auto const& a, auto const& b) { return a > b; });
-    }
-    if (auto const* greaterEqual = expression.asIsGreaterEqualExpression()) {
-        return CompareInts(*this, *greaterEqual,
-                           [](auto const& a, auto const& b) { return a >= b; });
-    }
-    if (auto const* plus = expression.asPlusExpression()) {
-        return Combine(*this, *plus, [](auto const& left, auto const& right) {
-            return (IntStateVariableValue(left) + IntStateVariableValue(right)).clone();
-        });
-    }
-    if (auto const* minus = expression.asMinusExpression()) {
-        return Combine(*this, *minus, [](auto const& left, auto const& right) {
-            return (IntStateVariableValue(left) - IntStateVariableValue(right)).clone();
-        });
-    }
-    if (expression.asFunctionCallExpression() != nullptr) {
-        throw std::runtime_error(
-            "FunctionCallExpression must be executed. No in-place evaluation.");
-    }
-    if (expression.asActionExpression() != nullptr) {
-        throw std::runtime_error("ActionExpression must be executed. No in-place evaluation.");
-    }
-    if (expression.asDataExpression() != nullptr) {
-        throw std::runtime_error("DataExpression can not be evaluated.");
-    }
-    throw std::runtime_error("Unhandled expression type");
+    return Evaluate(*this, expression).copy();
 }
 
+// A variable read before it has a value (`bool c = !c;`) makes the whole
+// expression valueless, so that the statement that evaluates it ends the run
+// as a fault of the model. Only a guard or a condition, which must decide,
+// has to refuse it outright.
 bool StateVector::BoolExpressionValue(kel::Expression const& expression) const {
-    auto const value = Defined(EvaluateExpression(expression));
+    auto const value = Evaluate(*this, expression);
+    if (!value.hasValue()) {
+        throw std::runtime_error("expression could not be evaluated due to uninitialized variable");
+    }
     return BoolStateVariableValue(true) == *value;
 }
 
 kel::ConstGuardedStatementVec StateVector::passableGuardedStatements(
     std::vector<kel::BehaviourStatement const*> const& statements) const {
-    return PassableGuardedStatements(*this, statements);
+    kel::ConstGuardedStatementVec passable;
+    AppendPassableGuardedStatements(*this, statements, passable);
+    return passable;
 }
 
 kel::ConstGuardedStatementVec StateVector::passableGuardedStatements(
     om::ObjectView<kel::BehaviourStatement> const& statements) const {
-    return PassableGuardedStatements(*this, statements);
+    kel::ConstGuardedStatementVec passable;
+    AppendPassableGuardedStatements(*this, statements, passable);
+    return passable;
+}
+
+void StateVector::appendPassableGuardedStatements(
+    om::ObjectView<kel::BehaviourStatement> const& statements, Candidates& out) const {
+    AppendPassableGuardedStatements(*this, statements, out);
 }
 
 std::vector<kel::Guard const*> StateVector::ArmedGuards() const {
