@@ -88,15 +88,6 @@ TEST(PreParserTest, AFailedParseLeavesTheUsableAnswerAsItWas) {
     EXPECT_TRUE(parser.hasUsable());
 }
 
-TEST(PreParserTest, ErrorLocationsNameTheStream) {
-    pre::PreParser parser;
-    std::istringstream in("}");
-    parser.parseStream(in, "dir/x.kel");
-    ASSERT_EQ(parser.errors().size(), 1u);
-    ASSERT_NE(parser.errors()[0].first.begin.filename, nullptr);
-    EXPECT_EQ(*parser.errors()[0].first.begin.filename, "dir/x.kel");
-}
-
 TEST(PreParserTest, ClearForgetsTheErrors) {
     pre::PreParser parser;
     std::istringstream in("}");

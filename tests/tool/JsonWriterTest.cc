@@ -26,28 +26,6 @@ TEST(JsonWriterTest, EmptyContainers) {
               "[{},\n[]]");
 }
 
-TEST(JsonWriterTest, MembersAndElementsBreakTheLineBehindEveryComma) {
-    // A nested value starts on its key's line; every later member or element
-    // of any container starts a line of its own, with no indentation.
-    EXPECT_EQ(Written([](JsonWriter& out) {
-                  out.beginObject();
-                  out.key("b");
-                  out.value(std::int64_t{1});
-                  out.key("k");
-                  out.beginArray();
-                  out.value(std::int64_t{1});
-                  out.value(std::int64_t{-2});
-                  out.endArray();
-                  out.key("o");
-                  out.beginObject();
-                  out.key("x");
-                  out.value("y");
-                  out.endObject();
-                  out.endObject();
-              }),
-              "{\"b\":1,\n\"k\":[1,\n-2],\n\"o\":{\"x\":\"y\"}}");
-}
-
 TEST(JsonWriterTest, StringsAndKeysAreWrittenAsTheyAre) {
     EXPECT_EQ(Written([](JsonWriter& out) {
                   out.beginObject();

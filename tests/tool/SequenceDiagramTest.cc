@@ -73,73 +73,6 @@ std::string LastElement(std::string const& document) {
     return document.substr(document.rfind("\n{\"kind\"") + 1);
 }
 
-TEST(SequenceDiagramTest, AnInterfaceThatAcceptsACall) {
-    // The thread entry has no text of its own and shows the "on" it leads to;
-    // the thread exit behind the last "OnEvent" shows nothing but its index.
-    EXPECT_EQ(Diagram("I", {"e", "return"}), R"([{"kind":"TraceType",
-"type":"interface",
-"selection":[{"index":0}]},
-{"kind":"Initialize",
-"instance":"I",
-"role":"interface",
-"selection":[{"file":"t.kel",
-"line":2,
-"column":1,
-"end":{"line":7,
-"column":2},
-"index":1}],
-"state":[]},
-{"kind":"ThreadEnter",
-"instance":"I",
-"event":"e",
-"synchronization":"e",
-"synctype":"call",
-"state":[],
-"selection":[{"file":"t.kel",
-"line":5,
-"column":12,
-"end":{"line":5,
-"column":13},
-"index":2}]},
-{"kind":"OnEventStatement",
-"instance":"I",
-"selection":[{"file":"t.kel",
-"line":5,
-"column":9,
-"end":{"line":5,
-"column":17},
-"index":3}],
-"state":[]},
-{"kind":"OnEvent",
-"instance":"I",
-"selection":[{"file":"t.kel",
-"line":5,
-"column":12,
-"end":{"line":5,
-"column":13},
-"index":4}],
-"event":"e",
-"state":[]},
-{"kind":"OnEventReturn",
-"instance":"I",
-"selection":[{"file":"t.kel",
-"line":5,
-"column":12,
-"end":{"line":5,
-"column":13},
-"index":5}],
-"return":"return",
-"synchronization":"return",
-"synctype":"return",
-"state":[]},
-{"kind":"ThreadExit",
-"instance":"I",
-"event":"e",
-"state":[],
-"selection":[{"index":6}]}]
-)");
-}
-
 TEST(SequenceDiagramTest, UnconstrainedComponentGetsPortPlaceholders) {
     // Provided ports stand ahead of the component and required ones behind it,
     // whatever the order of their declarations.
@@ -233,11 +166,6 @@ INSTANTIATE_TEST_SUITE_P(
 "end":{"line":15,
 "column":6},
 "index":2}]}]
-)"},
-        // No classifying word: a plain error.
-        VerdictRow{"G", "", {"e", "return"}, "something else", R"({"kind":"Error",
-"message":"something else",
-"selection":[{"index":8}]}]
 )"},
         // A port's run has no step of the model itself to place the error at.
         VerdictRow{"C", "r", {"e", "return"}, "deadlock in model r", R"({"kind":"Error",

@@ -95,12 +95,6 @@ TEST_F(ParserImportsTest, ADirectoryOfTheImportedNameIsPassedOver) {
     EXPECT_EQ(modelNames(), "X");
 }
 
-TEST_F(ParserImportsTest, ADirectoryAsTheMainSourceCannotBeOpened) {
-    std::filesystem::create_directories(path("folder"));
-    EXPECT_FALSE(parseFile("folder"));
-    EXPECT_EQ(errors(), ": cannot open '" + path("folder") + "'\n");
-}
-
 // Each import parses inside its importer's parse: a long chain would exhaust the call stack.
 TEST_F(ParserImportsTest, AChainOfImportsTooLongIsCutWithAnError) {
     std::size_t const files = Parser::maxImportDepth + 20;

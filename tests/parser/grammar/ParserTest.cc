@@ -47,18 +47,6 @@ TEST_F(ParserTest, DottedNamesBecomeNestedNamespaces) {
     EXPECT_EQ(c.getModels().at(0)->getName(), "I");
 }
 
-TEST_F(ParserTest, DeclarationsCarryTheirSpanAndMainPosition) {
-    ASSERT_TRUE(parse("\n  enum E {\n  a\n};")) << errors();
-    auto const& e = *top().getTypes().at(0);
-    EXPECT_EQ(e.getBeginLine(), 2);
-    EXPECT_EQ(e.getBeginColumn(), 3);
-    EXPECT_EQ(e.getEndLine(), 4);
-    EXPECT_EQ(e.getEndColumn(), 3);
-    EXPECT_EQ(e.getLine(), 2);
-    EXPECT_EQ(e.getColumn(), 8);
-    EXPECT_EQ(e.getFile().getName(), "t.kel");
-}
-
 TEST_F(ParserTest, AFileClauseMovesLaterLocationsIntoThatFile) {
     ASSERT_TRUE(parse("enum A { a };\n#file \"x.kel\"\nenum E { a };")) << errors();
     auto const& a = *top().getTypes().at(0);
