@@ -8,6 +8,7 @@
 #include "interpreter/SharedTrace.h"
 #include "interpreter/Program.h"
 #include "interpreter/ProgramTrace.h"
+#include "interpreter/RunMemory.h"
 #include "interpreter/StateVector.h"
 
 #include "metamodel/ActionExpression.h"
@@ -52,6 +53,13 @@ public:
     // A copy whose trace is longer by `name`; the source's trace is unchanged.
     ModelState(ModelState const& source, std::string const& name);
     ModelState& operator=(ModelState const&) = delete;
+
+    // A search makes and drops a state at nearly every fork: they come from
+    // the run's pool.
+    static void* operator new(std::size_t size) { return RunMemory().allocate(size); }
+    static void operator delete(void* state, std::size_t size) {
+        RunMemory().deallocate(state, size);
+    }
 
     // Queries.
     std::string GetIdStr() const;

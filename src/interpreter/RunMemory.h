@@ -1,5 +1,5 @@
 // Memory for what a run records at every step: its steps, the nodes of its
-// histories and their snapshots. These are millions of small objects of a few
+// histories and their snapshots, and for the states of its search. These are millions of small objects of a few
 // sizes, most of which live until the diagram is written. Free lists over
 // large blocks serve them faster than malloc, and the blocks ask the kernel
 // for huge pages, which spares a page fault per 4 KB and most TLB misses
@@ -19,7 +19,7 @@
 class StepPool final : public std::pmr::memory_resource {
 public:
     static constexpr std::size_t Granule = 16;
-    static constexpr std::size_t LargestPooled = 512;
+    static constexpr std::size_t LargestPooled = 1024;
 
     StepPool() = default;
     ~StepPool() override;

@@ -5,6 +5,8 @@
 #include "metamodel/StringConversions.h"
 #include "metamodel/TreePredicates.h"
 
+#include "om/AsType.h"
+
 #include <stdexcept>
 
 namespace {
@@ -12,7 +14,7 @@ namespace {
 kel::EnumTypeDeclaration const* EnumTypeOf(kel::EnumValueDeclaration const& value) {
     for (auto const* parent = value.tryGetParent(); parent != nullptr;
          parent = parent->tryGetParent()) {
-        if (auto const* type = dynamic_cast<kel::EnumTypeDeclaration const*>(parent)) {
+        if (auto const* type = om::TryAs<kel::EnumTypeDeclaration>(parent)) {
             return type;
         }
     }
