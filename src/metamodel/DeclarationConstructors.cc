@@ -197,13 +197,16 @@ om::Oid constructPortDeclaration(om::ObjectModel& model, std::string const& inte
 
 om::Oid constructSystem(om::ObjectModel& model, OidVec const& ids) {
     auto copy = NewObject<System>(model);
+    // Added as two lists: one by one, each instance of a system of thousands
+    // would be looked for among all before it.
+    OidVec instances;
+    OidVec statements;
     for (auto const id : ids) {
-        if (dynamic_cast<ComponentInstanceDeclaration const*>(model.find(id)) != nullptr) {
-            copy.addToInstances(id);
-        } else {
-            copy.addToStatements(id);
-        }
+        auto const* object = model.find(id);
+        (om::IsA<ComponentInstanceDeclaration>(*object) ? instances : statements).push_back(id);
     }
+    copy.addToInstances(instances);
+    copy.addToStatements(statements);
     return Insert(model, std::move(copy));
 }
 

@@ -5,25 +5,37 @@
 namespace kel {
 namespace {
 
-// Adds the ids not held yet, in order. One id is searched for; many are
-// checked against one set, so adding thousands stays linear.
+// Adds the ids not held yet, in order. One id is added in place: parsers add
+// the members of a block one by one, and a copy of the list per member would
+// make a block of thousands quadratic in bytes copied. Many are checked
+// against one set, so adding thousands at once stays linear.
 template <class Ids> void InsertAll(om::Object& parent, std::string const& key, Ids const& ids) {
     if (ids.empty()) {
         return;
     }
-    auto value = parent.getComposition(key);
     if (ids.size() == 1) {
-        value.insert(*ids.begin());
-    } else {
-        std::vector<om::Oid> all = value.asOidVec();
-        std::unordered_set<om::Oid> held(all.begin(), all.end());
-        for (auto id : ids) {
-            if (held.insert(id).second) {
-                all.push_back(id);
+        auto& stored = parent.getCompositionRef(key);
+        auto const id = *ids.begin();
+        bool const inserted = stored.insert(id);
+        try {
+            parent.getDefinition().getCompositionDef(key).check(nullptr, stored);
+        } catch (...) {
+            if (inserted) {
+                stored.erase(id);
             }
+            throw;
         }
-        value.assign(all);
+        return;
     }
+    auto value = parent.getComposition(key);
+    std::vector<om::Oid> all = value.asOidVec();
+    std::unordered_set<om::Oid> held(all.begin(), all.end());
+    for (auto id : ids) {
+        if (held.insert(id).second) {
+            all.push_back(id);
+        }
+    }
+    value.assign(all);
     parent.setComposition(key, value);
 }
 
