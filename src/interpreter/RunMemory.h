@@ -1,9 +1,9 @@
-// Memory for what a run records at every step: its steps, the nodes of its
-// histories and their snapshots, and for the states of its search. These are millions of small objects of a few
-// sizes, most of which live until the diagram is written. Free lists over
-// large blocks serve them faster than malloc, and the blocks ask the kernel
-// for huge pages, which spares a page fault per 4 KB and most TLB misses
-// when the history is walked.
+// Memory for what a run records at every step (its steps, the nodes of its
+// histories, their snapshots) and for the states of its search. These are
+// millions of small objects of a few sizes, most of which live until the
+// diagram is written. Free lists over large blocks serve them faster than
+// malloc, and the blocks ask the kernel for huge pages, which spares a page
+// fault per 4 KB and most TLB misses when the history is walked.
 #pragma once
 
 #include <array>
@@ -45,8 +45,8 @@ private:
 };
 
 // Process-wide and, like the run, for one thread: a StepPool that is never
-// destroyed, except under the address sanitizer, which must see every object
-// on its own.
+// destroyed; under the address sanitizer, which must see every object on its
+// own, plain new and delete.
 std::pmr::memory_resource& RunMemory();
 
 // A shared object whose memory, control block included, comes from RunMemory.

@@ -82,7 +82,7 @@ public:
     passableGuardedStatements(om::ObjectView<kel::BehaviourStatement> const& statements) const;
     // Statements to choose among, on the stack while there are few.
     using Candidates = boost::container::small_vector<kel::BehaviourStatement const*, 8>;
-    // The same, appended to `out`.
+    // The passable guarded statements, appended to `out`.
     void appendPassableGuardedStatements(om::ObjectView<kel::BehaviourStatement> const& statements,
                                          Candidates& out) const;
     std::vector<kel::Guard const*> ArmedGuards() const;
