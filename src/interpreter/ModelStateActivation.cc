@@ -75,7 +75,7 @@ void ModelState::singleStepInterfaceProgramActivation() {
         continuations.push_back(std::make_unique<ModelState>(*this, kel::PortEvent()));
         traceActivate(kel::PortEvent());
         auto const delayed = stateVector.queue.front();
-        stateVector.queue.erase(stateVector.queue.begin());
+        stateVector.queue.pop_front();
         if (modelInstance->isOutputEvent(delayed)) {
             trace(ProgramStep::Receive(modelInstance->getPortEvent(delayed), snapshot(),
                                        activationEvent));

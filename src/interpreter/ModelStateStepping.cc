@@ -258,7 +258,7 @@ void ModelState::singleStepOnEventStatement(kel::OnEventStatement const& stateme
             mismatch("receive queue head.");
             return;
         }
-        stateVector.queue.erase(stateVector.queue.begin());
+        stateVector.queue.pop_front();
         auto const& instance = *kel::TryGetEventInstance(statement, name);
         trace(ProgramStep::Dequeue(kel::PortEvent(instance), snapshot(), activationEvent));
         traceStatement(statement);

@@ -4,6 +4,7 @@
 // snapshot and most steps change no variable.
 #pragma once
 
+#include "interpreter/EventQueue.h"
 #include "interpreter/ModelInstance.h"
 #include "interpreter/StateVariableValue.h"
 
@@ -114,8 +115,7 @@ public:
 
     ModelInstancePtr modelInstance;
     om::ObjectModel const* objectModel;
-    // Oldest entry first; queues stay short, so a vector serves.
-    std::vector<std::string> queue;
+    EventQueue queue;
 
 private:
     using Frames = std::vector<VariableFrame>;
