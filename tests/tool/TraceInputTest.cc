@@ -70,14 +70,14 @@ class TraceSourceTest : public testing::Test {
 protected:
     void SetUp() override {
         std::ofstream(tracePath) << "f.one\nf.two\n";
-        std::ofstream(specPath) << "s.one\n";
+        std::ofstream(providedPortsTracePath) << "s.one\n";
     }
     void TearDown() override {
         std::remove(tracePath.c_str());
-        std::remove(specPath.c_str());
+        std::remove(providedPortsTracePath.c_str());
     }
     std::string const tracePath = tempPath("trace");
-    std::string const specPath = tempPath("spec");
+    std::string const providedPortsTracePath = tempPath("provided_ports_trace");
     std::istringstream stdinStream{"in.one\n"};
 };
 
@@ -107,8 +107,9 @@ TEST_F(TraceSourceTest, EmptyTraceFileNameIsAnUnopenableFile) {
 
 TEST_F(TraceSourceTest, SpecTraceFallsBackToTheTrace) {
     NamedEventTrace const trace{"t.x"};
-    EXPECT_THAT(readSpecTrace({{"spectracefile", specPath}, {"spectrace", "i.s"}}, trace),
-                ElementsAre("s.one"));
+    EXPECT_THAT(
+        readSpecTrace({{"spectracefile", providedPortsTracePath}, {"spectrace", "i.s"}}, trace),
+        ElementsAre("s.one"));
     EXPECT_THAT(readSpecTrace({{"spectracefile", ""}, {"spectrace", "i.s"}}, trace),
                 ElementsAre("i.s"));
     EXPECT_THAT(readSpecTrace({{"spectrace", ""}}, trace), IsEmpty());
